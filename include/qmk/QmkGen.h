@@ -1,0 +1,36 @@
+/* QmkGen.h: the common services that QmkScan uses: texts, trace and help ids. */
+#ifndef QMK_GEN_H
+#define QMK_GEN_H
+
+#include "QmkTypes.h"
+
+QMK_BEGIN_DECLS
+
+/* Copies text `id` of the common services into buffer (at most size - 1 bytes, zero-ended).
+ * instance is null for the common library's own texts. Returns the length copied, 0 when the
+ * text doesn't exist (the buffer then holds an empty text). */
+QMK_API int GenLoadText(void* instance, int id, char* buffer, int size);
+
+/* Writes one trace line "title: formatted text" to stderr when QMK_TRACE is set. */
+QMK_API void GenTraceDebugFormatted(const char* title, const char* format, ...)
+#if defined(__GNUC__)
+    __attribute__((format(printf, 2, 3)))
+#endif
+    ;
+
+/* The current help context id, and its setter. */
+QMK_API int GenGetHelpId(void);
+QMK_API void GenSetHelpId(int id);
+
+/* Name of the host's main module, or null when the host set none. */
+QMK_API const char* GenGetMainAppModuleName(void);
+QMK_API void GenSetMainAppModuleName(const char* name);
+
+/* Still to come, each with the work that first needs it: GenLoadCString, GenLoadConfigEx,
+ * GenVfyFileSpec, GenCheckAutoNameCString, GenNormalizeDateStr, GenGetDataFileMetrics,
+ * GenGetDialogOpts, GenSetDialogOpts, GenGetHelpId_Component, GenGetToolsDir,
+ * GenGetClientHandleServerMode. Nothing declares them before they work. */
+
+QMK_END_DECLS
+
+#endif

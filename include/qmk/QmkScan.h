@@ -1,0 +1,221 @@
+/* QmkScan.h: the records that cross the QmkScan exports, and the exports themselves (C linkage).
+ *
+ * Every record is a plain C structure. Sizes and field offsets are fixed for x86-64 and other
+ * LP64 targets and pinned by static assertions at the end of this header, so that a host built
+ * with another compiler sees the same layout. */
+#ifndef QMK_SCAN_H
+#define QMK_SCAN_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#include "QmkTypes.h"
+
+/* ---- feat_mask: the scanner's identity word -------------------------------------------- */
+
+/* The bits of the one 32-bit word, from bit 0 up. Bits 12 to 15 are written by the
+ * configuration dialog's save (12: 0, 13 and 14: 1, 15: 1 except for models 500 and 517). */
+typedef struct feat_mask {
+  uint32_t family : 4;            /* bits 0-3: driver family; 0 = no scanner configured */
+  uint32_t model_code : 4;        /* bits 4-7: model within the family */
+  uint32_t select_stacker : 1;    /* bit 8: first select stacker fitted */
+  uint32_t second_stacker : 1;    /* bit 9: second select stacker fitted */
+  uint32_t transport_printer : 1; /* bit 10: transport printer fitted */
+  uint32_t bar_code_reader : 1;   /* bit 11: bar-code reader attached */
+  uint32_t save_bit12 : 1;        /* bit 12 */
+  uint32_t save_bit13 : 1;        /* bit 13 */
+  uint32_t save_bit14 : 1;        /* bit 14 */
+  uint32_t save_bit15 : 1;        /* bit 15 */
+  uint32_t series : 4;            /* bits 16-19: product series (0, 1, 2, 5, 12) */
+  uint32_t submodel : 2;          /* bits 20-21: variant within a model */
+  uint32_t image_read : 1;        /* bit 22: cells are built from image data */
+  uint32_t unused : 9;            /* bits 23-31 */
+} feat_mask;
+
+/* The same fields read from a copied word, such as qlkdata_rec.feat. */
+#define QMK_FEAT_FAMILY(w) ((unsigned)(w) & 0xFu)
+#define QMK_FEAT_MODEL_CODE(w) (((unsigned)(w) >> 4) & 0xFu)
+#define QMK_FEAT_SELECT_STACKER(w) (((unsigned)(w) >> 8) & 1u)
+#define QMK_FEAT_SECOND_STACKER(w) (((unsigned)(w) >> 9) & 1u)
+#define QMK_FEAT_TRANSPORT_PRINTER(w) (((unsigned)(w) >> 10) & 1u)
+#define QMK_FEAT_BAR_CODE_READER(w) (((unsigned)(w) >> 11) & 1u)
+#define QMK_FEAT_SERIES(w) (((unsigned)(w) >> 16) & 0xFu)
+#define QMK_FEAT_SUBMODEL(w) (((unsigned)(w) >> 20) & 0x3u)
+#define QMK_FEAT_IMAGE_READ(w) (((unsigned)(w) >> 22) & 1u)
+
+/* ---- sct_config and sct_config_ex: the host's scanner configuration ------------------------ */
+
+/* Bytes of host data in front of the scanner fields. The host keeps its data file folder in the
+ * first QMK_PATH_BYTES of them; the library never touches this portion. */
+#define QMK_SCT_HOST_BYTES 512
+#define QMK_PATH_BYTES 260
+
+/* The bar-code timing block that the host's configuration writes and the transport reads. */
+typedef struct bar_code_delay_t {
+  int32_t delay_ms;
+  int32_t flags;
+} bar_code_delay_t;
+
+typedef struct sct_config {
+  unsigned char host_portion[QMK_SCT_HOST_BYTES];
+  struct feat_mask feat_mask;
+  int16_t op_log;                 /* > 0: "Write Operations Log" is on */
+  bar_code_delay_t bar_code_delay;
+  int16_t bar_code_port;
+  int32_t lead_edge_tol;          /* tune parameter 1 */
+  int32_t tune_p2;                /* default 16 */
+  int32_t tune_p5;                /* default 90 */
+  int32_t tune_p8;                /* default 90 */
+  int32_t tune_p3;                /* default 8 */
+  int32_t tune_p7;                /* default 7 */
+  int32_t limit_a;                /* default 2030 */
+  int32_t limit_b;                /* default 2030 */
+} sct_config;
+
+/* Port numbers that are no COM ports. */
+#define QMK_PORT_NONE 0
+#define QMK_PORT_USB 2048
+#define QMK_PORT_TWAIN 4096
+
+typedef struct sct_config_ex {
+  uint32_t baud;
+  int16_t parity;                 /* 'E', 'O' or 'N' */
+  int16_t data_bits;              /* 7 or 8 */
+  int16_t stop_bits;              /* 1 or 2 */
+  int16_t port;                   /* COM number, QMK_PORT_USB, QMK_PORT_TWAIN or 0 */
+  int16_t timeout;                /* seconds, 2 to 60 */
+  int16_t aux_port;
+} sct_config_ex;
+
+/* ---- qlkdata_rec: one open session --------------------------------------------------------- */
+
+#define QMK_OMR_BYTES 10000
+#define QMK_BAR_CODE_BYTES 200
+
+typedef struct qlkdata_rec {
+  uint32_t feat;                  /* copy of the feat_mask word */
+  uint32_t status1;               /* sheet and transport status */
+  uint32_t status2;               /* form and sequence status */
+  uint32_t status3;               /* hopper and drive status; bit 0: input hopper empty */
+  uint32_t jam_detail;            /* jam location bits, with bit 3 of status1 */
+  uint32_t image_flags;
+  int32_t skew_hold;
+  int32_t not_ready;
+  int32_t sheet_read;             /* non-zero: a sheet's data arrived */
+  int32_t lines_front;
+  int32_t lines_back;
+  int32_t thickness;
+  unsigned char omr_front[QMK_OMR_BYTES];
+  unsigned char omr_back[QMK_OMR_BYTES];
+  char bar_code_text[QMK_BAR_CODE_BYTES];
+  unsigned char sensor_bytes[4];
+} qlkdata_rec;
+
+/* ---- sht_desc: the expected sheet ------------------------------------------------------------ */
+
+#define QMK_MAX_FORM_ID_MARKS 48
+#define QMK_MAX_SKEW_MARKS 16
+#define QMK_SHT_HOST_BYTES 256
+
+typedef struct sht_desc {
+  int32_t id_lines_front;         /* 0: no check */
+  int32_t id_lines_back;          /* 0: no check */
+  int32_t id_mark_col[QMK_MAX_FORM_ID_MARKS];   /* 1-based; 0 ends the list */
+  int32_t id_mark_row[QMK_MAX_FORM_ID_MARKS];   /* 1-based; bit 7 set: back side */
+  uint8_t id_mark_sense[QMK_MAX_FORM_ID_MARKS]; /* 0: marked, 1: empty, other: ignored */
+  int32_t thick_min;
+  int32_t thick_max;              /* 0 switches the thickness check off */
+  uint8_t skew_mark_count;
+  uint8_t skew_marks[QMK_MAX_SKEW_MARKS][2];    /* column, then row (bit 7: back side) */
+  int32_t solid_row;              /* 1-based, 0 for none */
+  unsigned char host_portion[QMK_SHT_HOST_BYTES];
+} sht_desc;
+
+/* ---- the scanner log and the serial port list ------------------------------------------------ */
+
+/* The transport's log record. Its contents are the transport's; the library passes its address. */
+typedef struct scan_error_log_registry scan_error_log_registry;
+
+#define QMK_SER_TEXT_BYTES 260
+
+typedef struct SSerInfo {
+  char device_path[QMK_SER_TEXT_BYTES];
+  char port_name[QMK_SER_TEXT_BYTES];       /* such as "COM3" */
+  char friendly_name[QMK_SER_TEXT_BYTES];
+  int32_t is_usb;
+  char description[QMK_SER_TEXT_BYTES];
+} SSerInfo;
+
+/* ---- result codes ---------------------------------------------------------------------------- */
+
+/* Scan calls. */
+#define QMK_SCAN_DONE 0
+#define QMK_SCAN_NO_TIMING_MARKS 1
+#define QMK_SCAN_STOPPED 7
+
+/* Written to ScnInitializeScanner's error when the host passed a null sct_config or
+ * sct_config_ex: no transport call was made. */
+#define QMK_ERROR_NULL_ARGUMENT 9001
+
+/* ---- exports --------------------------------------------------------------------------------- */
+
+QMK_BEGIN_DECLS
+
+/* Opens the one scanner session. Returns the record, or null with a code in *error (error may be
+ * null). A null record may come with code 0: test the record, not the code. A non-null record
+ * with a non-zero code is a working session with a bar-code warning (1083 or 1098). */
+QMK_API qlkdata_rec* ScnInitializeScanner(QMK_HWND parent, sct_config* cfg, sct_config_ex* comm,
+                                          int* error);
+
+/* Sets the reading mode. spectrum: 0 = 16, 1 = 32, other = -1. Returns 1 on plain mark scanners,
+ * otherwise the adaptive detection's result; -1 for a null record. */
+QMK_API int ScnSetScannerMode(qlkdata_rec* rec, int spectrum, int mode_flag, int read_mode,
+                              unsigned char level, unsigned char detect);
+
+/* Ends the session and releases the record. A null record is ignored. */
+QMK_API void ScnScanTerm(qlkdata_rec* rec);
+
+/* Forwarders to the recognition library. */
+QMK_API void ScnShowOptionalComponents(void);
+QMK_API int ScnOptionalComponentCount(void);
+
+QMK_END_DECLS
+
+/* ---- layout pins (LP64) ---------------------------------------------------------------------- */
+
+#if defined(__cplusplus)
+#define QMK_STATIC_ASSERT static_assert
+#else
+#define QMK_STATIC_ASSERT _Static_assert
+#endif
+
+QMK_STATIC_ASSERT(sizeof(feat_mask) == 4, "feat_mask is one word");
+QMK_STATIC_ASSERT(offsetof(sct_config, feat_mask) == 512, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config, op_log) == 516, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config, bar_code_delay) == 520, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config, bar_code_port) == 528, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config, lead_edge_tol) == 532, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config, limit_b) == 560, "sct_config layout");
+QMK_STATIC_ASSERT(sizeof(sct_config) == 564, "sct_config layout");
+QMK_STATIC_ASSERT(offsetof(sct_config_ex, parity) == 4, "sct_config_ex layout");
+QMK_STATIC_ASSERT(offsetof(sct_config_ex, port) == 10, "sct_config_ex layout");
+QMK_STATIC_ASSERT(offsetof(sct_config_ex, aux_port) == 14, "sct_config_ex layout");
+QMK_STATIC_ASSERT(sizeof(sct_config_ex) == 16, "sct_config_ex layout");
+QMK_STATIC_ASSERT(offsetof(qlkdata_rec, thickness) == 44, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(offsetof(qlkdata_rec, omr_front) == 48, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(offsetof(qlkdata_rec, omr_back) == 10048, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(offsetof(qlkdata_rec, bar_code_text) == 20048, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(offsetof(qlkdata_rec, sensor_bytes) == 20248, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(sizeof(qlkdata_rec) == 20252, "qlkdata_rec layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, id_mark_col) == 8, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, id_mark_row) == 200, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, id_mark_sense) == 392, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, thick_min) == 440, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, skew_mark_count) == 448, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, skew_marks) == 449, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, solid_row) == 484, "sht_desc layout");
+QMK_STATIC_ASSERT(sizeof(sht_desc) == 744, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(SSerInfo, is_usb) == 780, "SSerInfo layout");
+QMK_STATIC_ASSERT(sizeof(SSerInfo) == 1044, "SSerInfo layout");
+
+#endif

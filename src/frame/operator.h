@@ -1,0 +1,56 @@
+// operator.h: the seam through which the library asks a person: notices, message boxes.
+//
+// The scanner side never draws by itself. It asks the current Operator, which may be the
+// toolkit's dialogs, the terminal of the command-line host, or a scripted stand-in in tests.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "qmk/QmkTypes.h"
+
+namespace qmk::frame {
+
+struct Rect {
+  int left = 0, top = 0, right = 0, bottom = 0;
+  int width() const { return right - left; }
+  int height() const { return bottom - top; }
+};
+
+// A modeless notice window with a label and an optional Cancel button. Destroying the object
+// destroys the window.
+class Notice {
+ public:
+  virtual ~Notice() = default;
+  virtual void SetText(const std::string& text) = 0;
+  virtual void Show(bool visible) = 0;
+  virtual Rect Bounds() const = 0;
+  // Moves the window with its size unchanged, just above its parent in the z-order.
+  virtual void MoveTo(int x, int y) = 0;
+  // Cancel was pressed. Pressing it changes nothing else: the owner of the wait decides.
+  virtual bool Cancelled() const = 0;
+};
+
+class Operator {
+ public:
+  virtual ~Operator() = default;
+
+  virtual void EnableWindow(QMK_HWND window, bool enabled) = 0;
+  // The window's normal-state rectangle; for a null window, the screen's.
+  virtual Rect WindowRect(QMK_HWND window) = 0;
+  // Makes a hidden notice over `parent`; null when it can't be made.
+  virtual std::unique_ptr<Notice> CreateNotice(QMK_HWND parent, const std::string& text,
+                                               bool show_cancel) = 0;
+  // Shows a message box and returns the pressed button's id (1 OK, 2 Cancel, 6 Yes, 7 No, ...).
+  virtual int MessageBox(QMK_HWND parent, const std::string& text, const std::string& caption,
+                         unsigned flags, int help_id) = 0;
+  // Lets pending input reach open notices (a Cancel press, say) while the library waits.
+  virtual void PumpMessages() {}
+};
+
+// The operator in use. Until a host installs one, the terminal operator answers.
+Operator& CurrentOperator();
+// Installs `op` (not owned) and returns the previous one; null restores the terminal operator.
+Operator* SetOperator(Operator* op);
+
+}  // namespace qmk::frame

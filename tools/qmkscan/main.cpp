@@ -1,0 +1,40 @@
+// main.cpp: qmkscan, the command-line host of QmkScan: the command table and --help.
+#include <cstdio>
+#include <cstring>
+#include <iterator>
+
+#include "commands.h"
+
+namespace qmkscan {
+namespace {
+
+constexpr Command kCommands[] = {
+    {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
+     "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+};
+
+void PrintHelp(std::FILE* out) {
+  std::fprintf(out, "usage: qmkscan COMMAND [ARGS]\n\ncommands:\n");
+  for (const Command& c : kCommands)
+    std::fprintf(out, "  %s %s\n      %s\n", c.name, c.usage, c.summary);
+  std::fprintf(out, "\nqmkscan --help prints this text.\n");
+}
+
+}  // namespace
+}  // namespace qmkscan
+
+int main(int argc, char** argv) {
+  using namespace qmkscan;
+  if (argc < 2 || !std::strcmp(argv[1], "--help") || !std::strcmp(argv[1], "-h") ||
+      !std::strcmp(argv[1], "help")) {
+    PrintHelp(argc < 2 ? stderr : stdout);
+    return argc < 2 ? 2 : 0;
+  }
+  for (const Command& c : kCommands) {
+    if (std::strcmp(argv[1], c.name) != 0) continue;
+    Args args(std::vector<std::string>(argv + 2, argv + argc));
+    return c.run(args);
+  }
+  std::fprintf(stderr, "qmkscan: unknown command \"%s\"; see qmkscan --help\n", argv[1]);
+  return 2;
+}
