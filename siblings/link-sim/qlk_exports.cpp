@@ -132,7 +132,8 @@ QMK_API int DrlReadBar(qlkdata_rec* session) {
 }
 
 QMK_API int QlkReadLogData(scan_error_log_registry* log, char* first, char* second) {
-  return Call("QlkReadLogData", {Adr(log), Adr(first), Adr(second)}, [] { return S().ReadLog(); });
+  return Call("QlkReadLogData", {Adr(log), Adr(first), Adr(second)},
+              [&] { return S().ReadLog(log, first, second); });
 }
 
 QMK_API int QlkResetLog(qlkdata_rec* session) {

@@ -20,6 +20,12 @@ struct Sheet {
   std::vector<unsigned char> front, back;
 };
 
+// The log's entries and tallies.
+struct Log {
+  std::vector<std::pair<std::string, std::string>> entries;
+  int accepted = 0, rejected = 0, faults = 0;
+};
+
 class Scanner {
  public:
   // Transport operations; each returns what the transport answers.
@@ -46,7 +52,7 @@ class Scanner {
   int BuildBubbles(int first_row, int columns, int last_row, int kind);
   int Flush(int code);
   int ReadBar();
-  int ReadLog() const { return static_cast<int>(log_.size()); }
+  int ReadLog(scan_error_log_registry* log, char* first, char* second) const;
   int ResetLog();
   int WriteLog(const char* first, const char* second);
 
@@ -60,6 +66,7 @@ class Scanner {
   int BarCodePort() const { return bar_code_port_; }
   void SetOpenBarCodeText(std::string text) { open_bar_code_text_ = std::move(text); }
   int AddSheet(const qlk_sim_sheet& sheet);
+  void AddSheet(Sheet sheet) { hopper_.push_back(std::move(sheet)); }
   int HopperCount() const { return static_cast<int>(hopper_.size()); }
   int StackerCount(int stacker) const;
   void SetLampWarmUp(int seconds) { lamp_warm_up_s_ = seconds; }
@@ -69,6 +76,9 @@ class Scanner {
   int64_t NowMs() const;
   uint32_t Feat() const;
   void SendOut(bool accepted);
+  // Copies lines [first, last) of a side of the sheet in transport, `width` bytes each, encoded
+  // as the open model sends them.
+  void DeliverLines(bool back, int first, int last, int width, unsigned char* out) const;
 
   std::unique_ptr<qlkdata_rec> rec_;
   std::optional<std::array<int, 4>> modes_;
@@ -86,12 +96,11 @@ class Scanner {
   std::deque<Sheet> hopper_;
   std::optional<Sheet> in_transport_;
   bool picked_empty_ = false;
-  int accepted_ = 0, rejected_ = 0;
 
   int lamp_warm_up_s_ = 0;
   int64_t open_ms_ = 0;
   int64_t clock_offset_ms_ = 0;
-  std::vector<std::string> log_;
+  Log log_;
 };
 
 }  // namespace qmk::sim

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "frame/scripted_operator.h"
+#include "platform/clock.h"
 #include "qmk/QmkLinkSim.h"
 #include "qmk/QmkScan.h"
 
@@ -54,20 +55,58 @@ struct HostRecords {
   }
 };
 
-// A fresh simulated scanner and a scripted operator for each test.
+// A clock that moves only when the library sleeps or a test says so, and moves the simulated
+// scanner's clock with it.
+class LinkedClock : public platform::Clock {
+ public:
+  int64_t NowMs() override { return now_ms_; }
+  void SleepMs(int64_t ms) override { Advance(ms); }
+  void Advance(int64_t ms) {
+    now_ms_ += ms;
+    QlkSimAdvanceClock(static_cast<int>(ms));
+  }
+
+ private:
+  int64_t now_ms_ = 0;
+};
+
+// A fresh simulated scanner, a scripted operator and a linked clock for each test.
 class SessionTest : public ::testing::Test {
  protected:
   void SetUp() override {
     QlkSimReset();
     previous_ = frame::SetOperator(&op_);
+    previous_clock_ = platform::SetClock(&clock_);
   }
   void TearDown() override {
+    platform::SetClock(previous_clock_);
     frame::SetOperator(previous_);
     QlkSimReset();
   }
 
   frame::ScriptedOperator op_;
   frame::Operator* previous_ = nullptr;
+  LinkedClock clock_;
+  platform::Clock* previous_clock_ = nullptr;
 };
+
+}  // namespace qmk::testing
+
+namespace qmk::testing {
+
+// Loads sheets from batch text into the simulator's hopper; fails the test on a parse error.
+inline void LoadBatch(const std::string& text) {
+  char error[200] = "";
+  ASSERT_GE(QlkSimLoadBatchText(text.data(), static_cast<int>(text.size()), error, sizeof error), 0)
+      << error;
+}
+
+// Opens a session of the given features, ready for reading.
+inline qlkdata_rec* OpenReader(FeatureBits feat) {
+  static HostRecords* host = nullptr;
+  delete host;
+  host = new HostRecords(Word(feat));
+  return host->Open(nullptr);
+}
 
 }  // namespace qmk::testing
