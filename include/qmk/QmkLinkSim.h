@@ -80,7 +80,8 @@ typedef struct qlk_sim_sheet {
  * than QLK_SIM_MAX_LINES. */
 QMK_API int QlkSimAddSheet(const qlk_sim_sheet* sheet);
 QMK_API int QlkSimHopperCount(void);
-/* Sheets sent out as accepted (0) and as rejected (1). */
+/* Sheets sent out as accepted (0), as rejected (1), and sheets taken out of the transport after a
+ * jam, which are neither (2). */
 QMK_API int QlkSimStackerCount(int stacker);
 
 /* Reads a batch file of sheets (the format is in the README) into the hopper. Returns the number

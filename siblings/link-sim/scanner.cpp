@@ -130,6 +130,9 @@ int Scanner::RemainingLampSeconds() const {
 int Scanner::Pick() {
   if (!rec_) return -3;
   if (RemainingLampSeconds() > 0) return -13;
+  // A sheet still in the transport was neither accepted nor rejected: it jammed, and whoever
+  // answered the fault took it out.
+  if (in_transport_) ++log_.cleared;
   in_transport_.reset();
   picked_empty_ = hopper_.empty();
   if (!picked_empty_) {
@@ -304,7 +307,12 @@ int Scanner::AddSheet(const qlk_sim_sheet& sheet) {
 }
 
 int Scanner::StackerCount(int stacker) const {
-  return stacker == 0 ? log_.accepted : stacker == 1 ? log_.rejected : 0;
+  switch (stacker) {
+    case 0: return log_.accepted;
+    case 1: return log_.rejected;
+    case 2: return log_.cleared;
+    default: return 0;
+  }
 }
 
 }  // namespace qmk::sim

@@ -24,6 +24,7 @@ struct Sheet {
 struct Log {
   std::vector<std::pair<std::string, std::string>> entries;
   int accepted = 0, rejected = 0, faults = 0;
+  int cleared = 0;  // sheets left in the transport (a jam) that the operator took out
 };
 
 class Scanner {

@@ -35,5 +35,7 @@ struct Command {
 };
 
 int RunDemo(Args& args);
+int RunScan(Args& args);
+int RunDefineForm(Args& args);
 
 }  // namespace qmkscan
