@@ -13,12 +13,17 @@
 namespace qmk::frame {
 namespace {
 
-int ShowUnloadable(int id, unsigned flags) {
+constexpr char kUnloadable[] =
+    "Program error: cannot display the proper dialog because the string %i could not be loaded "
+    "from the resource";
+constexpr char kUnformattable[] =
+    "Program error: cannot display the proper dialog because the string %i could not properly "
+    "formatted.";
+
+// A box that says which string failed, so a missing text never means a missing box.
+int ShowProgramError(const char* format, int id, unsigned flags) {
   char text[200];
-  std::snprintf(text, sizeof text,
-                "Program error: cannot display the proper dialog because the string %i could not "
-                "be loaded from the resource",
-                id);
+  std::snprintf(text, sizeof text, format, id);
   return DisplayMessage(text, flags);
 }
 
@@ -42,13 +47,13 @@ std::string MessageCaption() {
 
 int ShowMessage(int id, unsigned flags) {
   std::string text;
-  if (!toolkit::LoadString(id, text)) return ShowUnloadable(id, flags);
+  if (!toolkit::LoadString(id, text)) return ShowProgramError(kUnloadable, id, flags);
   return DisplayMessage(text, flags);
 }
 
 int ShowMessageFormatted(int id, unsigned flags, ...) {
   std::string format;
-  if (!toolkit::LoadString(id, format)) return ShowUnloadable(id, flags);
+  if (!toolkit::LoadString(id, format)) return ShowProgramError(kUnloadable, id, flags);
   va_list args, again;
   va_start(args, flags);
   va_copy(again, args);
@@ -57,14 +62,7 @@ int ShowMessageFormatted(int id, unsigned flags, ...) {
   const int written = length >= 0 ? std::vsnprintf(text.data(), text.size(), format.c_str(), again) : -1;
   va_end(again);
   va_end(args);
-  if (written < 0) {
-    char failed[200];
-    std::snprintf(failed, sizeof failed,
-                  "Program error: cannot display the proper dialog because the string %i could "
-                  "not properly formatted.",
-                  id);
-    return DisplayMessage(failed, flags);
-  }
+  if (written < 0) return ShowProgramError(kUnformattable, id, flags);
   return DisplayMessage(text.data(), flags);
 }
 
