@@ -16,6 +16,7 @@ Simulator& TheSimulator() {
 void ResetSimulator() {
   Simulator& sim = TheSimulator();
   sim.scanner = Scanner{};
+  sim.usb = UsbScanner{};
   sim.journal.Clear();
   sim.forced.Clear();
 }
@@ -93,6 +94,11 @@ QMK_API int QlkSimHopperCount(void) { return TheSimulator().scanner.HopperCount(
 QMK_API int QlkSimStackerCount(int stacker) { return TheSimulator().scanner.StackerCount(stacker); }
 
 QMK_API void QlkSimSetLampWarmUp(int seconds) { TheSimulator().scanner.SetLampWarmUp(seconds); }
+
+QMK_API void QlkSimSetUSBScanner(int present, int image_read, int model_code_5, int bar_code,
+                                 int printer) {
+  TheSimulator().usb = {present, {image_read, model_code_5, bar_code, printer}};
+}
 
 QMK_API void QlkSimAdvanceClock(int milliseconds) {
   TheSimulator().scanner.AdvanceClock(milliseconds);

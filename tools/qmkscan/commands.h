@@ -35,5 +35,9 @@ struct Command {
 };
 
 int RunDemo(Args& args);
+int RunPorts(Args& args);
+int RunProbe(Args& args);
+int RunName(Args& args);
+int RunSimulateSerial(Args& args);
 
 }  // namespace qmkscan

@@ -11,6 +11,13 @@ namespace {
 constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"ports", "[--check-open]", "list the serial ports with their names, paths and kinds", RunPorts},
+    {"probe", "PORT",
+     "ask what hangs on a serial port (COM3, \\\\.\\COM12 or a device path); print the setting "
+     "and what the reply says", RunProbe},
+    {"name", "--feat WORD [--firmware TEXT]", "print the display name of a feature word", RunName},
+    {"simulate-serial", "[--baud N] [--stop-bits 1|2] [--fault MODE] [--link N] ...",
+     "serve a simulated serial scanner on a pseudo-terminal and print its path", RunSimulateSerial},
 };
 
 void PrintHelp(std::FILE* out) {
