@@ -6,6 +6,8 @@
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -46,9 +48,16 @@ Counters ReadCounters(int fd) {
   return c;
 }
 
+// Unix98 pseudo-terminal slaves have the majors 136 to 143.
+bool IsPseudoTerminal(int fd) {
+  struct stat st {};
+  return fstat(fd, &st) == 0 && major(st.st_rdev) >= 136 && major(st.st_rdev) <= 143;
+}
+
 class TermiosPort : public SerialPort {
  public:
-  explicit TermiosPort(int fd) : fd_(fd), baseline_(ReadCounters(fd)) {}
+  explicit TermiosPort(int fd)
+      : fd_(fd), pseudo_(IsPseudoTerminal(fd)), baseline_(ReadCounters(fd)) {}
 
   ~TermiosPort() override {
     // The exclusive flag belongs to the terminal, not to this descriptor: drop it so that the
@@ -67,10 +76,14 @@ class TermiosPort : public SerialPort {
     if (tcgetattr(fd_, &t) != 0) return false;
     cfmakeraw(&t);
     t.c_cflag &= ~(CSIZE | CSTOPB | PARENB | PARODD | CRTSCTS | HUPCL);
-    t.c_cflag |= CLOCAL | CREAD | (s.data_bits == 7 ? CS7 : CS8);
+    // A pseudo-terminal always runs 8 data bits without parity and refuses some requests for
+    // others (7 bits without parity); it is asked for what it keeps, the speed and stop bits.
+    const bool seven = s.data_bits == 7 && !pseudo_;
+    const Parity parity = pseudo_ ? Parity::kNone : s.parity;
+    t.c_cflag |= CLOCAL | CREAD | (seven ? CS7 : CS8);
     if (s.stop_bits == 2) t.c_cflag |= CSTOPB;
-    if (s.parity != Parity::kNone) t.c_cflag |= PARENB;
-    if (s.parity == Parity::kOdd) t.c_cflag |= PARODD;
+    if (parity != Parity::kNone) t.c_cflag |= PARENB;
+    if (parity == Parity::kOdd) t.c_cflag |= PARODD;
     // Parity errors are checked and counted; the byte is neither replaced nor marked.
     t.c_iflag &= ~(IXON | IXOFF | IXANY | IGNPAR | PARMRK | ISTRIP | IGNBRK);
     t.c_iflag |= INPCK;
@@ -78,8 +91,7 @@ class TermiosPort : public SerialPort {
     t.c_cc[VTIME] = 0;
     if (cfsetispeed(&t, speed) != 0 || cfsetospeed(&t, speed) != 0) return false;
     if (tcsetattr(fd_, TCSANOW, &t) != 0) return false;
-    // A pseudo-terminal keeps only the speed and the stop bits, and always reads back 8 data
-    // bits without parity; so only those two decide whether the setting took.
+    // Only the speed and the stop bits are read back: a pseudo-terminal keeps no more.
     termios back{};
     if (tcgetattr(fd_, &back) != 0 || cfgetospeed(&back) != speed ||
         (back.c_cflag & CSTOPB) != (t.c_cflag & CSTOPB))
@@ -149,6 +161,7 @@ class TermiosPort : public SerialPort {
 
  private:
   int fd_;
+  bool pseudo_;
   Counters baseline_;
 };
 
