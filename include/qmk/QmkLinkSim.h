@@ -41,6 +41,9 @@ QMK_API int QlkSimTuneParam(int param, int32_t* value);
 /* The port, data bits, stop bits, parity, baud and time-out of the last QlkCommSet. */
 QMK_API int QlkSimCommSettings(int* port, int* data_bits, int* stop_bits, int* parity,
                                uint32_t* baud, int* timeout);
+/* Text that the next QlkOpen leaves in the new record's bar_code_text, as a transport that
+ * reuses its buffers may; null or "" for none. */
+QMK_API void QlkSimSetOpenBarCodeText(const char* text);
 /* The bar-code port of the last QlkBarSet, -1 when the reader wasn't set up. */
 QMK_API int QlkSimBarCodePort(void);
 

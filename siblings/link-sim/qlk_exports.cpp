@@ -16,7 +16,9 @@ Arg Adr(const void* p) { return Arg::Address(p); }
 extern "C" {
 
 QMK_API int QlkOpen(feat_mask* feat, qlkdata_rec** rec) {
-  return Call("QlkOpen", {Adr(feat), Adr(rec)}, [&] { return S().Open(feat, rec); });
+  const int result = Call("QlkOpen", {Adr(feat), Adr(rec)}, [&] { return S().Open(feat, rec); });
+  S().NoteOpenResult(result);
+  return result;
 }
 
 QMK_API int QlkClose(qlkdata_rec* rec) {

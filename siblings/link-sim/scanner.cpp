@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstring>
+#include <string>
 
 namespace qmk::sim {
 namespace {
@@ -42,6 +43,7 @@ int Scanner::Open(feat_mask* feat, qlkdata_rec** rec) {
   rec_ = std::make_unique<qlkdata_rec>();
   std::memset(rec_.get(), 0, sizeof(qlkdata_rec));
   std::memcpy(&rec_->feat, feat, sizeof(uint32_t));
+  std::strncpy(rec_->bar_code_text, open_bar_code_text_.c_str(), QMK_BAR_CODE_BYTES - 1);
   open_ms_ = NowMs();
   ready_ = false;
   *rec = rec_.get();
@@ -49,9 +51,11 @@ int Scanner::Open(feat_mask* feat, qlkdata_rec** rec) {
 }
 
 // Session 0 stands for the open session, so a close after a failed presence test still
-// releases the record that the open made.
+// releases the record that the open made; after a failed open it closes nothing, so that a
+// refused second open leaves the first session standing.
 int Scanner::Close(qlkdata_rec* rec) {
   if (rec && rec != rec_.get()) return -3;
+  if (!rec && last_open_failed_) return 0;
   rec_.reset();
   modes_.reset();
   ready_ = false;

@@ -25,6 +25,8 @@ class Scanner {
   // Transport operations; each returns what the transport answers.
   int Open(feat_mask* feat, qlkdata_rec** rec);
   int Close(qlkdata_rec* rec);
+  // A failed open leaves nothing for the close of session 0 to release.
+  void NoteOpenResult(int result) { last_open_failed_ = result != 0; }
   int CommSet(int port, int data_bits, int stop_bits, char parity, uint32_t baud, int timeout);
   int ModeSet(int m1, int m2, int m3, int m4);
   int Control(int code);
@@ -56,6 +58,7 @@ class Scanner {
   bool CommSettings(int* port, int* data_bits, int* stop_bits, int* parity, uint32_t* baud,
                     int* timeout) const;
   int BarCodePort() const { return bar_code_port_; }
+  void SetOpenBarCodeText(std::string text) { open_bar_code_text_ = std::move(text); }
   int AddSheet(const qlk_sim_sheet& sheet);
   int HopperCount() const { return static_cast<int>(hopper_.size()); }
   int StackerCount(int stacker) const;
@@ -77,6 +80,8 @@ class Scanner {
   int bar_code_port_ = -1;
   bar_code_delay_t bar_code_delay_{};
   bool ready_ = false;
+  bool last_open_failed_ = false;
+  std::string open_bar_code_text_;
 
   std::deque<Sheet> hopper_;
   std::optional<Sheet> in_transport_;

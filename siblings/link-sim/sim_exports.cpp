@@ -83,6 +83,10 @@ QMK_API int QlkSimCommSettings(int* port, int* data_bits, int* stop_bits, int* p
   return TheSimulator().scanner.CommSettings(port, data_bits, stop_bits, parity, baud, timeout);
 }
 
+QMK_API void QlkSimSetOpenBarCodeText(const char* text) {
+  TheSimulator().scanner.SetOpenBarCodeText(text ? text : "");
+}
+
 QMK_API int QlkSimBarCodePort(void) { return TheSimulator().scanner.BarCodePort(); }
 
 QMK_API int QlkSimAddSheet(const qlk_sim_sheet* sheet) {
