@@ -133,17 +133,12 @@ TEST(CheckUsb, ForwardsTheTransportsAnswer) {
   QlkSimReset();
 }
 
-class Threshold : public ::testing::Test {
+class Threshold : public OnMemoryLine {
  protected:
-  Threshold() : use_clock_(&clock_), use_opener_(&opener_), line_(opener_.Add("\\\\.\\COM5")) {
+  Threshold() : OnMemoryLine("\\\\.\\COM5") {
     cfg_.feat_mask = Feat(2, 7);
     comm_ = {19200, 'E', 7, 2, 5, 10, 0};
   }
-  RecordingClock clock_;
-  ScopedClock use_clock_;
-  MemoryPortOpener opener_;
-  ScopedPortOpener use_opener_;
-  std::shared_ptr<MemoryLine> line_;
   sct_config cfg_{};
   sct_config_ex comm_{};
 };

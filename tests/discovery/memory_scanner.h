@@ -2,11 +2,15 @@
 // scanner, answering only at their own setting; and a clock that keeps its sleeps.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
 #include "platform/clock.h"
 #include "platform/serial/memory_port.h"
+#include "serial_scanner_sim.h"
+#include "support/scoped_env.h"
 
 namespace qmk::testing {
 
@@ -15,18 +19,11 @@ using platform::serial::MemoryLine;
 using platform::serial::Parity;
 using platform::ManualClock;
 
-// 50 bytes of a status line with the given bytes at 1, 3, 4, 44, 47 and 49, CR LF added.
+// A whole status line: the simulator's 50 bytes with the given bytes at 1, 3, 4, 44, 47 and
+// 49, and CR LF.
 inline std::string StatusLine52(char b1 = '5', char b3 = '3', char b4 = '5', char b44 = '-',
                                 char b47 = '7', char b49 = '8') {
-  std::string line(50, '0');
-  line[0] = 's';
-  line[1] = b1;
-  line[3] = b3;
-  line[4] = b4;
-  line[44] = b44;
-  line[47] = b47;
-  line[49] = b49;
-  return line + "\r\n";
+  return serialsim::StatusLine(b1, b3, b4, b44, b47, b49) + "\r\n";
 }
 
 inline MemoryLine::Bytes Bytes(const std::string& text) {
@@ -60,6 +57,19 @@ class RecordingClock : public platform::ManualClock {
     ManualClock::SleepMs(ms);
   }
   std::vector<int64_t> sleeps;
+};
+
+// A test on one in-memory line of the given name, with the port opener and a recording clock
+// installed for its duration.
+class OnMemoryLine : public ::testing::Test {
+ protected:
+  explicit OnMemoryLine(const std::string& name)
+      : use_clock_(&clock_), use_opener_(&opener_), line_(opener_.Add(name)) {}
+  RecordingClock clock_;
+  ScopedClock use_clock_;
+  platform::serial::MemoryPortOpener opener_;
+  ScopedPortOpener use_opener_;
+  std::shared_ptr<MemoryLine> line_;
 };
 
 }  // namespace qmk::testing

@@ -17,14 +17,9 @@ using platform::serial::MemoryPortOpener;
 const MemoryLine::Bytes kHello(kPadLotHello, kPadLotHello + 5);
 const MemoryLine::Bytes kQuery(kPadLotQuery, kPadLotQuery + 6);
 
-class PadLotProbe : public ::testing::Test {
+class PadLotProbe : public OnMemoryLine {
  protected:
-  PadLotProbe() : use_clock_(&clock_), use_opener_(&opener_), line_(opener_.Add("COM2")) {}
-  RecordingClock clock_;
-  ScopedClock use_clock_;
-  MemoryPortOpener opener_;
-  ScopedPortOpener use_opener_;
-  std::shared_ptr<MemoryLine> line_;
+  PadLotProbe() : OnMemoryLine("COM2") {}
 };
 
 TEST_F(PadLotProbe, CommandBytes) {

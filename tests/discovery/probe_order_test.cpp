@@ -63,14 +63,9 @@ TEST(Waits, FloorsAndIntegerDivision) {
   }
 }
 
-class QuickCheck : public ::testing::Test {
+class QuickCheck : public OnMemoryLine {
  protected:
-  QuickCheck() : use_clock_(&clock_), use_opener_(&opener_), line_(opener_.Add("COM3")) {}
-  RecordingClock clock_;
-  ScopedClock use_clock_;
-  MemoryPortOpener opener_;
-  ScopedPortOpener use_opener_;
-  std::shared_ptr<MemoryLine> line_;
+  QuickCheck() : OnMemoryLine("COM3") {}
 };
 
 TEST_F(QuickCheck, SilentPortTriesEverySettingAndCloses) {

@@ -152,6 +152,10 @@ TEST_F(PtyProbe, PortsThatDoNotExist) {
   EXPECT_EQ(::ScnCheckForNonPadLot("COM7"), 0);
   EXPECT_EQ(::ScnIsPadLotScannerPresentOnPort("COM7"), 0);
   EXPECT_EQ(::ScnCheckForNonPadLot("/dev/no-such-tty"), 0);
+  for (const char* name : {"COM2048", "\\\\.\\COM2048", "COM4096", "\\\\.\\COM4096"}) {
+    EXPECT_EQ(::ScnCheckForNonPadLot(name), 0) << name;
+    EXPECT_EQ(::ScnIsPadLotScannerPresentOnPort(name), 0) << name;
+  }
   EXPECT_EQ(SearchPort("COM7", BaudList(false), 0).code, kNotConfigured);
 }
 

@@ -63,14 +63,9 @@ TEST(BaudList, SixRatesAndTheFastOne) {
   EXPECT_EQ(BaudList(true).back(), 115200u);
 }
 
-class Search : public ::testing::Test {
+class Search : public OnMemoryLine {
  protected:
-  Search() : use_clock_(&clock_), use_opener_(&opener_), line_(opener_.Add("\\\\.\\COM3")) {}
-  ManualClock clock_;
-  ScopedClock use_clock_;
-  MemoryPortOpener opener_;
-  ScopedPortOpener use_opener_;
-  std::shared_ptr<MemoryLine> line_;
+  Search() : OnMemoryLine("\\\\.\\COM3") {}
 };
 
 TEST_F(Search, FindsTheSettingAndDecodes) {
