@@ -72,6 +72,9 @@ class TermiosPort : public SerialPort {
     if (speed == 0 || (s.data_bits != 7 && s.data_bits != 8) ||
         (s.stop_bits != 1 && s.stop_bits != 2))
       return false;
+    // Linux sizes a terminal's queues itself (4 KiB and more), which holds the longest reply
+    // with room to spare, so kInputQueueBytes and kOutputQueueBytes need no call here. The
+    // time-outs are kept by Read and Write with poll(); VMIN and VTIME stay 0.
     termios t{};
     if (tcgetattr(fd_, &t) != 0) return false;
     cfmakeraw(&t);
