@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "discovery/identity.h"
+#include "discovery/port_list.h"
 #include "discovery/probe_settings.h"
 #include "discovery/probes.h"
 #include "discovery/search.h"
@@ -146,6 +147,23 @@ TEST_F(PtyProbe, PortHeldByAnotherHolder) {
   EXPECT_EQ(sim_->queries(), 0) << "nothing was sent";
   close(holder);
   EXPECT_EQ(::ScnCheckForNonPadLot("COM3"), 1);
+}
+
+TEST_F(PtyProbe, OpenCheckOfThePortListDropsAHeldTerminal) {
+  Start(At(38400, 8, 2, Parity::kNone));
+  SSerInfo info{};
+  std::snprintf(info.device_path, sizeof info.device_path, "%s", sim_->path().c_str());
+  std::snprintf(info.port_name, sizeof info.port_name, "COM3");
+  const int holder = open(sim_->path().c_str(), O_RDWR | O_NOCTTY);
+  ASSERT_EQ(flock(holder, LOCK_EX | LOCK_NB), 0);
+  std::vector<SSerInfo> ports{info};
+  FinishPortList(ports, true);
+  EXPECT_TRUE(ports.empty());
+  close(holder);
+  ports = {info};
+  FinishPortList(ports, true);
+  EXPECT_EQ(ports.size(), 1u);
+  EXPECT_TRUE(PortIsFree()) << "the check closes what it opened";
 }
 
 TEST_F(PtyProbe, PortsThatDoNotExist) {

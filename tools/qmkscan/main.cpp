@@ -12,7 +12,7 @@ constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
     {"ports", "[--check-open]", "list the serial ports with their names, paths and kinds", RunPorts},
-    {"probe", "PORT",
+    {"probe", "PORT [--search]",
      "ask what hangs on a serial port (COM3, \\\\.\\COM12 or a device path); print the setting "
      "and what the reply says", RunProbe},
     {"name", "--feat WORD [--firmware TEXT]", "print the display name of a feature word", RunName},

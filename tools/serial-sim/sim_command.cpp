@@ -119,7 +119,7 @@ int RunSimulatorCommand(const std::vector<std::string>& args, std::FILE* out) {
   Parsed parsed;
   std::string error;
   if (!Parse(args, &parsed, &error)) {
-    std::fprintf(stderr, "serial simulator: %s\nusage: %s\n", error.c_str(), kSimulatorUsage);
+    std::fprintf(stderr, "serial simulator: %s\noptions: %s\n", error.c_str(), kSimulatorUsage);
     return 2;
   }
   // Block the stop signals before the serving thread starts, so that only sigwait sees them.
