@@ -106,7 +106,8 @@ int ScnGetSelfScoreScannerThreshold(const sct_config& cfg, const sct_config_ex& 
   if (comm.baud == 0 || !RunStatusQuery(*port, settings, BareWaits(comm.baud), &reply))
     return kThresholdUnread;
   // The reader's result is taken the other way round here, and stays so: a whole line means
-  // no threshold, and a missing line goes on to test a count the reader did not write.
+  // no threshold, and a missing line goes on to test a count the reader did not write. The
+  // exports start that count at 0, so a host always sees -1 or -2 from a serial scanner.
   if (reply.result == kReplyLine) return kThresholdUnread;
   if (reply.count != kStatusLineBytes || reply.bytes[0] != 's') return kThresholdUnread;
   return ThresholdFromReply(reply.bytes.data());

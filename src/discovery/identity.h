@@ -39,7 +39,7 @@ constexpr int kThresholdUnread = -2;
 int ThresholdFromReply(const uint8_t* reply);
 
 // The threshold a family-2 series-1 serial scanner holds. `held_count` is what the count
-// variable holds before the reply is read (see the .cpp).
+// variable holds before the reply is read; the reply is judged as the .cpp tells.
 int ScnGetSelfScoreScannerThreshold(const sct_config& cfg, const sct_config_ex& comm,
                                     int held_count = 0);
 
