@@ -5,6 +5,9 @@
 
 #include <chrono>
 
+
+#include "discovery/probe_settings.h"
+#include "discovery/probes.h"
 #include "discovery/status_query.h"
 #include "platform/serial/termios_port.h"
 #include "serial_scanner_sim.h"
@@ -49,6 +52,38 @@ void StatusQuery(benchmark::State& state) {
 
 BENCHMARK(StatusQuery)->Arg(9600)->Arg(19200)->Arg(38400)->UseManualTime()->Iterations(8)
     ->Unit(benchmark::kMillisecond);
+
+// The whole quick check on a scanner that never answers: every setting costs its two waits
+// and one read's full time-out (15 ms per byte plus 100 ms for the one byte asked), since the
+// reader looks at its own time-out only between reads.
+void SilentQuickCheck(benchmark::State& state) {
+  serialsim::SimConfig config;
+  config.fault = serialsim::Fault::kSilent;
+  serialsim::PtySerialScanner sim(config);
+  std::string error;
+  if (!sim.Start(&error)) return state.SkipWithError(error.c_str());
+  double expected_ms = 0;
+  for (const LineSettings& s : discovery::QuickCheckOrder()) {
+    const discovery::QueryWaits w = discovery::ProbeWaits(s.baud);
+    expected_ms += w.settle_ms + w.between_ms + platform::serial::ReadTotalTimeoutMs(1);
+  }
+  double total_ms = 0;
+  for (auto _ : state) {
+    const auto start = std::chrono::steady_clock::now();
+    const bool answered = discovery::ScnCheckForNonPadLot(sim.path()).answered;
+    const auto end = std::chrono::steady_clock::now();
+    if (answered) return state.SkipWithError("a silent scanner answered");
+    const double ms = std::chrono::duration<double, std::milli>(end - start).count();
+    state.SetIterationTime(ms / 1000);
+    total_ms += ms;
+  }
+  const double mean_ms = total_ms / static_cast<double>(state.iterations());
+  state.counters["expected_ms"] = expected_ms;
+  state.counters["wall_ms"] = mean_ms;
+  state.counters["overhead_ms"] = mean_ms - expected_ms;
+}
+
+BENCHMARK(SilentQuickCheck)->UseManualTime()->Iterations(2)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
