@@ -200,3 +200,26 @@ TEST_F(PtyProbe, ThresholdOnARealLineKeepsTheReversedSense) {
 
 }  // namespace
 }  // namespace qmk::discovery
+
+namespace qmk::serialsim {
+namespace {
+
+TEST(SimulatorCommand, BadOptionsStopBeforeServing) {
+  for (const std::vector<std::string>& args :
+       {std::vector<std::string>{"--baud", "1234"}, {"--fault", "bogus"}, {"--line", "short"},
+        {"--parity", "X"}, {"--stop-bits"}, {"--whatever", "1"}, {"--line", std::string(50, 's'), "--group", "3"},
+        {"--link", "0"}, {"--data-bits", "9"}})
+    EXPECT_EQ(RunSimulatorCommand(args, stdout), 2) << args[0];
+}
+
+TEST(SimulatorFaults, NamesRoundTrip) {
+  for (const char* name : {"none", "silent", "short", "long", "overlong", "wrong-first", "lf-only",
+                           "noise", "split"}) {
+    Fault fault;
+    ASSERT_TRUE(ParseFault(name, &fault)) << name;
+    EXPECT_STREQ(FaultName(fault), name);
+  }
+}
+
+}  // namespace
+}  // namespace qmk::serialsim
