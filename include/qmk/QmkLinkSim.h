@@ -114,6 +114,11 @@ QMK_API void QlkSimSetJournal(int on);
 
 /* Seconds of lamp warm-up that a family-12 scanner needs after open. */
 QMK_API void QlkSimSetLampWarmUp(int seconds);
+/* The USB scanner that CheckUSB finds: present 0 means none (CheckUSB returns 0 and four zeros);
+ * otherwise CheckUSB returns `present` and the four answers in its argument order. */
+QMK_API void QlkSimSetUSBScanner(int present, int image_read, int model_code_5, int bar_code,
+                                 int printer);
+
 /* Moves the simulator's clock forward. */
 QMK_API void QlkSimAdvanceClock(int milliseconds);
 

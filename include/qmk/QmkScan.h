@@ -208,6 +208,48 @@ QMK_API int ScnResetScannerErrorLog(char* first, char* second);
 QMK_API void ScnShowOptionalComponents(void);
 QMK_API int ScnOptionalComponentCount(void);
 
+/* ---- discovery: ports, serial probes and scanner identity ------------------------------------ */
+
+/* Forwards to the transport's USB check: non-zero when a USB scanner answered. a: it returns
+ * images; b: model code 5 (else 7); c: bar-code option fitted; d: printer option fitted. */
+QMK_API int ScnCheckUSB(int* a, int* b, int* c, int* d);
+
+/* Loads the name of TWAIN model 12 or 13 into name (260 bytes) and returns the text loader's
+ * result; returns -1 and leaves name alone for any other model code. */
+QMK_API int ScnTwainGetModel(int model_code, char* name);
+
+/* 1 when a scanner on the port (a name such as "COM3" or "\\.\COM12") answers the status query
+ * at one of the probe's settings, else 0. */
+QMK_API int ScnCheckForNonPadLot(const char* port);
+
+/* 1 when a PadLot scanner answers on the port, else 0. */
+QMK_API int ScnIsPadLotScannerPresentOnPort(const char* port);
+
+/* Writes the fixed configuration of a PadLot scanner on COM port `port`. */
+QMK_API void ScnSetCfigWithPadLotInfo(int port, sct_config* cfg, sct_config_ex* comm);
+
+/* 12 for family 12, else 8. */
+QMK_API int ScnGetDefaultLeadEdgeTol(int family);
+
+/* The self-score threshold kept by the scanner: 0 to 9, -1 when the scanner has none, -2 when
+ * it couldn't be read. */
+QMK_API int ScnGetSelfScoreScannerThreshold(sct_config* cfg, sct_config_ex* comm);
+
+/* C forms of the two exports of QmkScan.hpp. */
+
+#define QMK_ENUM_OK 0
+#define QMK_ENUM_FAILED 1      /* the error text is in `error` */
+#define QMK_ENUM_TOO_SMALL 2   /* *count says how many elements there are; the first capacity are filled */
+#define QMK_ENUM_BAD_ARGUMENT 3
+
+/* Enumerates the serial ports into ports[0 .. capacity-1] and their number into *count. */
+QMK_API int ScnEnumSerialPortsC(SSerInfo* ports, int capacity, int check_open, int* count,
+                                char* error, int error_size);
+
+/* Writes the display name into name (size bytes, zero-ended, cut if needed; 100 is always
+ * enough). Returns the name's full length, or -1 for a null feat or name. */
+QMK_API int ScnGetScannerNameC(const feat_mask* feat, char* name, int size, const char* firmware);
+
 QMK_END_DECLS
 
 /* ---- layout pins (LP64) ---------------------------------------------------------------------- */

@@ -151,12 +151,14 @@ QMK_API int QlkDetectTwainScanner(int model) {
               [&] { return model == 12 || model == 13 ? 0 : -1; });
 }
 
-// No USB scanner is attached to the simulator.
+// Answers as QlkSimSetUSBScanner configured it; by default no USB scanner is attached.
 QMK_API int CheckUSB(int* first, int* second, int* third, int* fourth) {
   return Call("CheckUSB", {Adr(first), Adr(second), Adr(third), Adr(fourth)}, [&] {
-    for (int* p : {first, second, third, fourth})
-      if (p) *p = 0;
-    return 0;
+    const auto& usb = TheSimulator().usb;
+    int* out[4] = {first, second, third, fourth};
+    for (int i = 0; i < 4; ++i)
+      if (out[i]) *out[i] = usb.present ? usb.answers[i] : 0;
+    return usb.present;
   });
 }
 

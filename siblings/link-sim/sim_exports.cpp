@@ -21,6 +21,7 @@ Simulator& TheSimulator() {
 void ResetSimulator() {
   Simulator& sim = TheSimulator();
   sim.scanner = Scanner{};
+  sim.usb = UsbScanner{};
   sim.journal.Clear();
   sim.forced.Clear();
   sim.journal_on = true;
@@ -148,6 +149,11 @@ QMK_API void QlkSimSetCallHooks(qlk_sim_hook enter, qlk_sim_hook leave) {
 QMK_API void QlkSimSetJournal(int on) { TheSimulator().journal_on = on != 0; }
 
 QMK_API void QlkSimSetLampWarmUp(int seconds) { TheSimulator().scanner.SetLampWarmUp(seconds); }
+
+QMK_API void QlkSimSetUSBScanner(int present, int image_read, int model_code_5, int bar_code,
+                                 int printer) {
+  TheSimulator().usb = {present, {image_read, model_code_5, bar_code, printer}};
+}
 
 QMK_API void QlkSimAdvanceClock(int milliseconds) {
   TheSimulator().scanner.AdvanceClock(milliseconds);

@@ -9,8 +9,15 @@
 
 namespace qmk::sim {
 
+// The USB scanner that CheckUSB finds, as a test configured it.
+struct UsbScanner {
+  int present = 0;
+  int answers[4] = {};  // image reading, model code 5, bar code, printer
+};
+
 struct Simulator {
   Scanner scanner;
+  UsbScanner usb;
   Journal journal;
   ForcedResults forced;
   bool journal_on = true;

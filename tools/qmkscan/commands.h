@@ -37,5 +37,9 @@ struct Command {
 int RunDemo(Args& args);
 int RunScan(Args& args);
 int RunDefineForm(Args& args);
+int RunPorts(Args& args);
+int RunProbe(Args& args);
+int RunName(Args& args);
+int RunSimulateSerial(Args& args);
 
 }  // namespace qmkscan

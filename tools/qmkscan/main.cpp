@@ -17,6 +17,13 @@ constexpr Command kCommands[] = {
     {"define-form", "--batch FILE --out DESC [--model ID] [--first-line] [--last-line] "
                     "[--front-only] [--read-level N]",
      "learn a form description from the batch's first sheet", RunDefineForm},
+    {"ports", "[--check-open]", "list the serial ports with their names, paths and kinds", RunPorts},
+    {"probe", "PORT [--search]",
+     "ask what hangs on a serial port (COM3, \\\\.\\COM12 or a device path); print the setting "
+     "and what the reply says", RunProbe},
+    {"name", "--feat WORD [--firmware TEXT]", "print the display name of a feature word", RunName},
+    {"simulate-serial", "[--baud N] [--stop-bits 1|2] [--fault MODE] [--link N] ...",
+     "serve a simulated serial scanner on a pseudo-terminal and print its path", RunSimulateSerial},
 };
 
 void PrintHelp(std::FILE* out) {

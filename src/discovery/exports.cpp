@@ -1,0 +1,101 @@
+// exports.cpp: the discovery exports of libQmkScan.
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "discovery/identity.h"
+#include "discovery/port_list.h"
+#include "discovery/probes.h"
+#include "frame/module_state_guard.h"
+#include "qmk/QmkLink.h"
+#include "qmk/QmkScan.hpp"
+
+namespace {
+
+// Copies `text` into a caller's buffer, cut to fit and zero-ended.
+void CopyOut(const std::string& text, char* buffer, int size) {
+  if (!buffer || size <= 0) return;
+  const size_t n = std::min(text.size(), static_cast<size_t>(size - 1));
+  std::memcpy(buffer, text.data(), n);
+  buffer[n] = '\0';
+}
+
+}  // namespace
+
+extern "C" {
+
+QMK_API int ScnCheckUSB(int* a, int* b, int* c, int* d) {
+  qmk::frame::ModuleStateGuard guard;
+  return CheckUSB(a, b, c, d);
+}
+
+QMK_API int ScnTwainGetModel(int model_code, char* name) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!name) return -1;
+  return qmk::discovery::ScnTwainGetModel(model_code, name);
+}
+
+QMK_API int ScnCheckForNonPadLot(const char* port) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!port) return 0;
+  return qmk::discovery::ScnCheckForNonPadLot(port).answered ? 1 : 0;
+}
+
+QMK_API int ScnIsPadLotScannerPresentOnPort(const char* port) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!port) return 0;
+  return qmk::discovery::ScnIsPadLotScannerPresentOnPort(port) ? 1 : 0;
+}
+
+QMK_API void ScnSetCfigWithPadLotInfo(int port, sct_config* cfg, sct_config_ex* comm) {
+  qmk::discovery::ScnSetCfigWithPadLotInfo(port, cfg, comm);
+}
+
+QMK_API int ScnGetDefaultLeadEdgeTol(int family) {
+  return qmk::discovery::ScnGetDefaultLeadEdgeTol(family);
+}
+
+QMK_API int ScnGetSelfScoreScannerThreshold(sct_config* cfg, sct_config_ex* comm) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!cfg || !comm) return qmk::discovery::kThresholdUnread;
+  return qmk::discovery::ScnGetSelfScoreScannerThreshold(*cfg, *comm);
+}
+
+QMK_API void ScnEnumSerialPorts(std::vector<SSerInfo>& ports, int check_open) {
+  qmk::frame::ModuleStateGuard guard;
+  qmk::discovery::ScnEnumSerialPorts(ports, check_open);
+}
+
+QMK_API void ScnGetScannerName(feat_mask& feat, std::string& name, const char* firmware) {
+  qmk::frame::ModuleStateGuard guard;
+  name = qmk::discovery::ScnGetScannerName(feat, firmware);
+}
+
+QMK_API int ScnEnumSerialPortsC(SSerInfo* ports, int capacity, int check_open, int* count,
+                                char* error, int error_size) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!count || capacity < 0 || (capacity > 0 && !ports)) return QMK_ENUM_BAD_ARGUMENT;
+  *count = 0;
+  std::vector<SSerInfo> list;
+  try {
+    qmk::discovery::ScnEnumSerialPorts(list, check_open);
+  } catch (const std::string& text) {
+    CopyOut(text, error, error_size);
+    return QMK_ENUM_FAILED;
+  }
+  *count = static_cast<int>(list.size());
+  const size_t n = std::min(list.size(), static_cast<size_t>(capacity));
+  std::copy_n(list.begin(), n, ports);
+  return list.size() > n ? QMK_ENUM_TOO_SMALL : QMK_ENUM_OK;
+}
+
+QMK_API int ScnGetScannerNameC(const feat_mask* feat, char* name, int size, const char* firmware) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!feat || !name || size <= 0) return -1;
+  const std::string text = qmk::discovery::ScnGetScannerName(*feat, firmware);
+  CopyOut(text, name, size);
+  return static_cast<int>(text.size());
+}
+
+}
