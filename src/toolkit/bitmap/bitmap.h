@@ -64,7 +64,7 @@ class CExtBitmap {
                             int top_inset = 0, bool draw_middle = true, bool smooth = false,
                             uint32_t rop = platform::kRopSourceCopy);
   virtual bool DrawNinePart(DrawTarget& dc, const Rect& dst, const Rect& src, const Rect& margins,
-                            int method, int top_inset = 0, bool smooth = false,
+                            NinePartMethod method, int top_inset = 0, bool smooth = false,
                             uint32_t rop = platform::kRopSourceCopy);
   // Lays the picture over the target by its alpha, scaled by `constant_alpha`.
   virtual bool AlphaBlend(DrawTarget& dc, const Rect& dst, const Rect& src = {},

@@ -14,25 +14,21 @@ struct Part {
   PartKind kind;
 };
 
-// The parts in drawing order. The side edges are cut at half height into an upper and a lower
-// strip, each stretched from its own half of the source edge.
+// The parts in drawing order: top edge, top-left, left edge, top-right, right edge, bottom edge,
+// bottom-left, bottom-right, middle.
 std::vector<Part> CutParts(Rect d, Rect s, const Rect& m, int top_inset) {
   d.top += top_inset;
   s.top += top_inset;
-  const int dmid = d.top + m.top + (d.Height() - m.top - m.bottom) / 2;
-  const int smid = s.top + m.top + (s.Height() - m.top - m.bottom) / 2;
   const int dl = d.left + m.left, dr = d.right - m.right, dt = d.top + m.top, db = d.bottom - m.bottom;
   const int sl = s.left + m.left, sr = s.right - m.right, st = s.top + m.top, sb = s.bottom - m.bottom;
   return {
       {{dl, d.top, dr, dt}, {sl, s.top, sr, st}, PartKind::kTopBottom},
       {{d.left, d.top, dl, dt}, {s.left, s.top, sl, st}, PartKind::kCorner},
-      {{d.left, dt, dl, dmid}, {s.left, st, sl, smid}, PartKind::kLeftRight},
+      {{d.left, dt, dl, db}, {s.left, st, sl, sb}, PartKind::kLeftRight},
       {{dr, d.top, d.right, dt}, {sr, s.top, s.right, st}, PartKind::kCorner},
-      {{dr, dt, d.right, dmid}, {sr, st, s.right, smid}, PartKind::kLeftRight},
+      {{dr, dt, d.right, db}, {sr, st, s.right, sb}, PartKind::kLeftRight},
       {{dl, db, dr, d.bottom}, {sl, sb, sr, s.bottom}, PartKind::kTopBottom},
-      {{d.left, dmid, dl, db}, {s.left, smid, sl, sb}, PartKind::kLeftRight},
       {{d.left, db, dl, d.bottom}, {s.left, sb, sl, s.bottom}, PartKind::kCorner},
-      {{dr, dmid, d.right, db}, {sr, smid, s.right, sb}, PartKind::kLeftRight},
       {{dr, db, d.right, d.bottom}, {sr, sb, s.right, s.bottom}, PartKind::kCorner},
       {{dl, dt, dr, db}, {sl, st, sr, sb}, PartKind::kMiddle},
   };
@@ -62,7 +58,7 @@ bool CExtBitmap::DrawNinePart(DrawTarget& dc, const Rect& dst, const Rect& src, 
 }
 
 bool CExtBitmap::DrawNinePart(DrawTarget& dc, const Rect& dst, const Rect& src, const Rect& margins,
-                              int method, int top_inset, bool smooth, uint32_t rop) {
+                              NinePartMethod method, int top_inset, bool smooth, uint32_t rop) {
   if (method < kNinePartHollow || method > kNinePartTileAll) return false;
   if (method == kNinePartHollow) return true;
   return DrawNineParts(dc, dst, src, margins, method, top_inset, true, smooth, rop);
