@@ -35,5 +35,6 @@ struct Command {
 };
 
 int RunDemo(Args& args);
+int RunBitmap(Args& args);
 
 }  // namespace qmkscan

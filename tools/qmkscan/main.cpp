@@ -11,6 +11,8 @@ namespace {
 constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"bitmap", "info FILE | convert IN OUT [--rle] | scale IN OUT W H [--filter NAME] | filter IN OUT --mono|--hls DH,DL,DS|--alpha D",
+     "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
 };
 
 void PrintHelp(std::FILE* out) {
