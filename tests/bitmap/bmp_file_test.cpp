@@ -251,6 +251,15 @@ TEST(RleDecoder, FourBitDeltaMovesByEvenColumns) {
   EXPECT_EQ(PixelBlock::Row(bmp.Block(), 0)[1], 0x10) << "the pixel lands at column 2, not 3";
 }
 
+TEST(RleDecoder, LargeBlankPictureWithLittleDataIsRead) {
+  // A million pixels need no data at all; beyond that 2048 a byte.
+  EXPECT_FALSE(DecodeRle(1024, 1024, 8, {0, 1}).IsEmpty());
+  std::vector<uint8_t> stream(1000, 0);
+  stream.back() = 1;
+  EXPECT_FALSE(DecodeRle(2000, 1000, 8, stream).IsEmpty());
+  EXPECT_TRUE(DecodeRle(2000, 1100, 8, stream).IsEmpty());
+}
+
 TEST(RleDecoder, DeltaOutsideThePictureWritesNothing) {
   const CExtBitmap bmp = DecodeRle(4, 2, 8, {0, 2, 250, 250, 5, 1, 0, 1});
   ASSERT_FALSE(bmp.IsEmpty());
@@ -286,6 +295,7 @@ TEST(BmpReader, DamagedFilesGiveAnEmptyPicture) {
       {file(2, 2, 8, 1, 1024), "RLE data missing"},
       {file(1 << 30, 1 << 30, 32, 0, 64), "size over the limit"},
       {file(1 << 20, 1 << 20, 8, 1, 1024 + 4), "RLE size over the limit"},
+      {file(2000, 2000, 8, 1, 1024 + 64), "RLE picture far larger than its data"},
       {file(20000, 20000, 24, 0, 64), "pixels far beyond the data"},
   };
   std::vector<uint8_t> bad_magic = file(1, 1, 24, 0, 4);

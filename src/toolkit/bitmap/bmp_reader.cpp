@@ -1,5 +1,6 @@
 // bmp_reader.cpp: reading the BMP file form: every depth, top-down rows, bit fields and both
 // run-length codes. Whatever a file says, nothing is read or written outside the block.
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -9,8 +10,18 @@ namespace qmk::toolkit::bitmap {
 namespace {
 
 constexpr uint16_t kMagic = 19778;  // "BM"
-// Run-length data can claim large pictures in a few bytes; this bounds what such a file can ask.
-constexpr uint64_t kMaxRlePixels = uint64_t{1} << 26;
+// Run-length data can claim a large picture in a few bytes. A picture may have 2048 pixels for
+// each byte of data (runs of 255 give 127 a byte; blank areas skipped by deltas give more), or a
+// million whatever the data, beyond which a short file is taken as damaged.
+constexpr uint64_t kRlePixelsPerByte = 2048;
+constexpr uint64_t kRleFreePixels = uint64_t{1} << 20;
+constexpr uint64_t kMaxRlePixels = uint64_t{1} << 28;
+
+bool RleSizePlausible(Archive& ar, uint64_t pixels) {
+  if (pixels > kMaxRlePixels) return false;
+  const std::optional<uint64_t> left = ar.Remaining();
+  return !left || pixels <= std::max(kRleFreePixels, *left * kRlePixelsPerByte);
+}
 
 struct BlockOwner {
   uint8_t* block = nullptr;
@@ -21,6 +32,13 @@ struct BlockOwner {
     return b;
   }
 };
+
+// True when the data left can hold `before` more bytes and the rows, so that a short file is
+// refused before its block is made.
+bool RowsFit(Archive& ar, const BITMAPINFOHEADER& h, int height, uint64_t before) {
+  const std::optional<uint64_t> left = ar.Remaining();
+  return !left || *left >= before + Stride(h.biWidth, h.biBitCount) * static_cast<uint64_t>(height);
+}
 
 bool ReadHeader(Archive& ar, BITMAPINFOHEADER& h) {
   ar.Read(&h, sizeof h);
@@ -138,10 +156,11 @@ uint8_t* ReadBlock(Archive& ar, bool file_header_absent) {
     if (h.biCompression > kCompressRle4) return nullptr;
     // A run-length code fits one depth only, and is always stored bottom row first.
     if (rle && (top_down || depth != (h.biCompression == kCompressRle8 ? 8 : 4))) return nullptr;
-    if (rle && static_cast<uint64_t>(h.biWidth) * static_cast<uint64_t>(height) > kMaxRlePixels)
+    if (rle && !RleSizePlausible(ar, static_cast<uint64_t>(h.biWidth) * static_cast<uint64_t>(height)))
       return nullptr;
     uint32_t colours = h.biClrUsed;
     if (colours < 1 || colours > PaletteSizeFor(depth)) colours = PaletteSizeFor(depth);
+    if (!rle && !RowsFit(ar, h, height, colours * 4)) return nullptr;
     owner.block = PixelBlock::Create(h.biWidth, height, depth, {}, colours);
     if (!owner.block) return nullptr;
     ar.Read(PixelBlock::Palette(owner.block), colours * 4);
@@ -149,7 +168,7 @@ uint8_t* ReadBlock(Archive& ar, bool file_header_absent) {
     if (rle ? !DecodeRle(ar, owner.block) : !ReadRows(ar, owner.block, top_down)) return nullptr;
   } else if (depth == 16 || depth == 24 || depth == 32) {
     ChannelMasks masks;
-    if (!ReadMasks(ar, h, masks)) return nullptr;
+    if (!ReadMasks(ar, h, masks) || !RowsFit(ar, h, height, 0)) return nullptr;
     owner.block = PixelBlock::Create(h.biWidth, height, depth, masks);
     if (!owner.block || !ReadRows(ar, owner.block, top_down)) return nullptr;
   } else {
