@@ -3,7 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <memory>
 #include <vector>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "toolkit/bitmap/filter.h"
 
@@ -67,8 +72,50 @@ inline uint8_t Clamp(float v, float top) {
   return static_cast<uint8_t>(v <= 0 ? 0 : v >= top ? top : v);
 }
 
+// True when every channel's top is 255, so that the packing instructions can clamp.
+bool FullBytes(const float* top, int channels) {
+  for (int ch = 0; ch < channels; ++ch)
+    if (top[ch] != 255) return false;
+  return true;
+}
+
+#if defined(__SSE2__)
+inline __m128 LoadFourBytes(const uint8_t* p) {
+  int32_t v;
+  std::memcpy(&v, p, 4);
+  const __m128i zero = _mm_setzero_si128();
+  return _mm_cvtepi32_ps(_mm_unpacklo_epi16(_mm_unpacklo_epi8(_mm_cvtsi32_si128(v), zero), zero));
+}
+
+// Truncates four sums (each already holding its 0.5) to bytes, saturating at 0 and 255.
+inline int32_t PackFour(__m128 v) {
+  const __m128i i = _mm_cvttps_epi32(v);
+  const __m128i b = _mm_packus_epi16(_mm_packs_epi32(i, i), _mm_setzero_si128());
+  return _mm_cvtsi128_si32(b);
+}
+#endif
+
 template <int C>
 void HorizontalPass(const Plane& in, const Plane& out, const Contributions& c, const float* top) {
+#if defined(__SSE2__)
+  if (C == 4 && FullBytes(top, C)) {
+    const __m128 half = _mm_set1_ps(0.5f);
+    for (int y = 0; y < in.height; ++y) {
+      const uint8_t* s = in.Row(y);
+      uint8_t* d = out.Row(y);
+      for (int i = 0; i < out.width; ++i) {
+        __m128 acc = half;
+        const float* w = c.weights.data() + c.offset[i];
+        const uint8_t* p = s + static_cast<size_t>(c.first[i]) * 4;
+        for (int k = 0, n = c.count[i]; k < n; ++k, p += 4)
+          acc = _mm_add_ps(acc, _mm_mul_ps(_mm_set1_ps(w[k]), LoadFourBytes(p)));
+        const int32_t packed = PackFour(acc);
+        std::memcpy(d + i * 4, &packed, 4);
+      }
+    }
+    return;
+  }
+#endif
   for (int y = 0; y < in.height; ++y) {
     const uint8_t* s = in.Row(y);
     uint8_t* d = out.Row(y);
@@ -84,21 +131,43 @@ void HorizontalPass(const Plane& in, const Plane& out, const Contributions& c, c
   }
 }
 
+// Adds `w` times a row of bytes into the sums.
+inline void AccumulateRow(float* a, const uint8_t* s, size_t n, float w) {
+  size_t x = 0;
+#if defined(__SSE2__)
+  const __m128 wv = _mm_set1_ps(w);
+  const __m128i zero = _mm_setzero_si128();
+  for (; x + 16 <= n; x += 16) {
+    const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + x));
+    const __m128i lo = _mm_unpacklo_epi8(b, zero), hi = _mm_unpackhi_epi8(b, zero);
+    const __m128 f[4] = {_mm_cvtepi32_ps(_mm_unpacklo_epi16(lo, zero)), _mm_cvtepi32_ps(_mm_unpackhi_epi16(lo, zero)),
+                         _mm_cvtepi32_ps(_mm_unpacklo_epi16(hi, zero)), _mm_cvtepi32_ps(_mm_unpackhi_epi16(hi, zero))};
+    for (int k = 0; k < 4; ++k)
+      _mm_storeu_ps(a + x + 4 * k, _mm_add_ps(_mm_loadu_ps(a + x + 4 * k), _mm_mul_ps(wv, f[k])));
+  }
+#endif
+  for (; x < n; ++x) a[x] += w * s[x];
+}
+
 template <int C>
 void VerticalPass(const Plane& in, const Plane& out, const Contributions& c, const float* top) {
   const size_t n = static_cast<size_t>(in.width) * C;
+  const bool full = FullBytes(top, C);
   std::vector<float> acc(n);
   for (int i = 0; i < out.height; ++i) {
     std::fill(acc.begin(), acc.end(), 0.5f);
     const float* w = c.weights.data() + c.offset[i];
-    for (int k = 0; k < c.count[i]; ++k) {
-      const uint8_t* s = in.Row(c.first[i] + k);
-      const float wk = w[k];
-      float* a = acc.data();
-      for (size_t x = 0; x < n; ++x) a[x] += wk * s[x];
-    }
+    for (int k = 0; k < c.count[i]; ++k) AccumulateRow(acc.data(), in.Row(c.first[i] + k), n, w[k]);
     uint8_t* d = out.Row(i);
-    for (size_t x = 0; x < n; ++x) d[x] = Clamp(acc[x], top[x % C]);
+    size_t x = 0;
+#if defined(__SSE2__)
+    if (full)
+      for (; x + 4 <= n; x += 4) {
+        const int32_t packed = PackFour(_mm_loadu_ps(acc.data() + x));
+        std::memcpy(d + x, &packed, 4);
+      }
+#endif
+    for (; x < n; ++x) d[x] = Clamp(acc[x], full ? 255.0f : top[x % C]);
   }
 }
 
@@ -122,8 +191,9 @@ void Resample(const Plane& src, const Plane& dst, const CExtBitmap::Filter& filt
   };
   const int mid_w = vertical_first ? src.width : dst.width;
   const int mid_h = vertical_first ? dst.height : src.height;
-  std::vector<uint8_t> mid_data(static_cast<size_t>(mid_w) * mid_h * C);
-  const Plane mid{mid_data.data(), mid_w, mid_h, static_cast<size_t>(mid_w) * C};
+  // Every byte of the in-between picture is written by the first pass: no need to clear it.
+  const std::unique_ptr<uint8_t[]> mid_data(new uint8_t[static_cast<size_t>(mid_w) * mid_h * C]);
+  const Plane mid{mid_data.get(), mid_w, mid_h, static_cast<size_t>(mid_w) * C};
   if (vertical_first) {
     vertical(src, mid);
     horizontal(mid, dst);
