@@ -3,6 +3,8 @@
 // filter; and BMP decoding and encoding throughput.
 #include <benchmark/benchmark.h>
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>

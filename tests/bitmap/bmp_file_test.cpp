@@ -1,6 +1,7 @@
 // bmp_file_test.cpp: the BMP writer and reader: round trips, the run-length encoder's output,
 // the reader's settled traits, and damaged files.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>

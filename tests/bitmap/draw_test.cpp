@@ -1,6 +1,7 @@
 // draw_test.cpp: pictures on the drawing target: blits, alpha blends, nine parts, the cached
 // device form and command icons.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 

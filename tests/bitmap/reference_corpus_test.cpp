@@ -1,6 +1,7 @@
 // reference_corpus_test.cpp: every form the BMP reader takes, generated here, decoded by the
 // engine and by ImageMagick, compared pixel for pixel.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
