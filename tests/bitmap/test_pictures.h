@@ -46,6 +46,13 @@ inline std::vector<uint8_t> Saved(const CExtBitmap& bmp, bool rle, bool file_hea
   return ar.TakeStored();
 }
 
+// The archive form of a picture.
+inline std::vector<uint8_t> Serialized(CExtBitmap& bmp) {
+  Archive ar = Archive::ToMemory();
+  bmp.Serialize(ar);
+  return ar.TakeStored();
+}
+
 inline RGBQUAD Quad(uint8_t r, uint8_t g, uint8_t b, uint8_t a) { return {b, g, r, a}; }
 
 }  // namespace bitmap_test

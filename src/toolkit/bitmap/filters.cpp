@@ -18,11 +18,9 @@ RGBQUAD ToQuad(uint32_t c, uint8_t alpha) {
 // Windows' MulDiv for non-negative values: a * b / c rounded to nearest.
 int MulDiv(int64_t a, int64_t b, int64_t c) { return static_cast<int>((a * b + c / 2) / c); }
 
-}  // namespace
-
 // Runs `fn` on every pixel inside `rect` (the whole picture when null), clamped to the picture.
 // Refused for empty pictures and palette depths; a premultiplied picture is turned back first.
-static bool ForEachPixel(CExtBitmap& bmp, const Rect* rect,
+bool ForEachPixel(CExtBitmap& bmp, const Rect* rect,
                          const std::function<void(int, int, RGBQUAD&)>& fn) {
   if (bmp.IsEmpty() || bmp.Depth() < 15) return false;
   if (bmp.IsPreMultiplied()) bmp.PreMultiply(false);
@@ -39,6 +37,8 @@ static bool ForEachPixel(CExtBitmap& bmp, const Rect* rect,
   bmp.OnContentChanged();
   return true;
 }
+
+}  // namespace
 
 bool CExtBitmap::MakeMono(int64_t tint, const Rect* rect) {
   const HLS tint_hls = RGBtoHLS(static_cast<uint32_t>(tint));
