@@ -11,6 +11,12 @@ namespace {
 constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"scan", "--batch FILE --out DATAFILE [--model ID] [--form DESC] [--stop-on-empty] "
+             "[--answer ok|cancel] [--read-level N]",
+     "read the batch's sheets on a simulated scanner into a data file", RunScan},
+    {"define-form", "--batch FILE --out DESC [--model ID] [--first-line] [--last-line] "
+                    "[--front-only] [--read-level N]",
+     "learn a form description from the batch's first sheet", RunDefineForm},
     {"bitmap", "info FILE | convert IN OUT [--rle] | scale IN OUT W H [--filter NAME] | filter IN OUT --mono|--hls DH,DL,DS|--alpha D",
      "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
 };
