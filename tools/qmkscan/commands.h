@@ -41,5 +41,6 @@ int RunPorts(Args& args);
 int RunProbe(Args& args);
 int RunName(Args& args);
 int RunSimulateSerial(Args& args);
+int RunBitmap(Args& args);
 
 }  // namespace qmkscan

@@ -24,6 +24,8 @@ constexpr Command kCommands[] = {
     {"name", "--feat WORD [--firmware TEXT]", "print the display name of a feature word", RunName},
     {"simulate-serial", "[--baud N] [--stop-bits 1|2] [--fault MODE] [--link N] ...",
      "serve a simulated serial scanner on a pseudo-terminal and print its path", RunSimulateSerial},
+    {"bitmap", "info FILE | convert IN OUT [--rle] | scale IN OUT W H [--filter NAME] | filter IN OUT --mono|--hls DH,DL,DS|--alpha D",
+     "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
 };
 
 void PrintHelp(std::FILE* out) {
