@@ -35,5 +35,6 @@ struct Command {
 };
 
 int RunDemo(Args& args);
+int RunFormula(Args& args);
 
 }  // namespace qmkscan

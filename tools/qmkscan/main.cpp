@@ -11,6 +11,8 @@ namespace {
 constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"formula", "TEXT [--shift DX,DY]",
+     "parse a formula; print its tree and printed form, or the text with references moved", RunFormula},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -1,0 +1,130 @@
+// scanner.cpp: CExtFormulaScanner's reader with its line and column counting, its node pool,
+// and Parse.
+#include "toolkit/formula/scanner.h"
+
+#include <cstring>
+#include <new>
+
+#include "toolkit/formula/grammar_actions.h"
+
+namespace qmk::toolkit::formula {
+
+CExtFormulaScanner::~CExtFormulaScanner() {
+  ReleasePool();
+  delete m_pRoot;
+}
+
+void CExtFormulaScanner::SetText(const char* text, int length) {
+  ReleasePool();
+  delete m_pRoot;
+  m_pRoot = nullptr;
+  m_pText = text != nullptr ? text : "";
+  m_nLength = length >= 1 ? length : static_cast<int>(std::strlen(m_pText));
+  Reset();
+}
+
+void CExtFormulaScanner::Reset() {
+  m_nPos = m_nLine = m_nColumn = m_nTokens = 0;
+  m_strToken.clear();
+  m_tokenLocation = {};
+  m_strError.clear();
+}
+
+bool CExtFormulaScanner::Parse() {
+  ReleasePool();
+  delete m_pRoot;
+  m_pRoot = nullptr;
+  Reset();
+  bool parsed = false;
+  try {
+    parsed = RunFormulaParser(*this) == 0 && m_pRoot != nullptr;
+    if (!parsed && m_strError.empty()) m_strError = "syntax error";
+  } catch (const FormulaSyntaxError& error) {
+    m_strError = error.message;
+  } catch (const std::bad_alloc&) {
+    m_strError = "out of memory";
+  }
+  if (!parsed) m_pRoot = nullptr;
+  ReleasePool();
+  return parsed;
+}
+
+CExtFormulaItem* CExtFormulaScanner::DetachRoot() {
+  CExtFormulaItem* root = m_pRoot;
+  m_pRoot = nullptr;
+  return root;
+}
+
+CExtFormulaItem* CExtFormulaScanner::NewNode(int kind) {
+  m_pool.reserve(m_pool.size() + 1);  // so that push_back below cannot throw and leak the node
+  auto* node = new CExtFormulaItem;
+  node->m_nKind = kind;
+  m_pool.push_back(node);
+  return node;
+}
+
+CExtFormulaItem* CExtFormulaScanner::TokenNode() {
+  CExtFormulaItem* node = NewNode(kKindNone);
+  node->m_strText = m_strToken;
+  node->m_location = m_tokenLocation;
+  return node;
+}
+
+void CExtFormulaScanner::ReleasePool() {
+  // Every pooled node is either in the root's tree or under a node that has no parent: deleting
+  // those tops frees everything else exactly once. They are all found before any is deleted.
+  std::vector<CExtFormulaItem*> tops;
+  for (CExtFormulaItem* node : m_pool)
+    if (node->GetParent() == nullptr && node != m_pRoot) tops.push_back(node);
+  for (CExtFormulaItem* node : tops) delete node;
+  m_pool.clear();
+}
+
+char CExtFormulaScanner::CharAt(int position) const {
+  return position >= 0 && position < m_nLength ? m_pText[position] : ' ';
+}
+
+char CExtFormulaScanner::ReadChar() {
+  if (IsEnd()) return ' ';
+  const char c = CharAt(m_nPos++);
+  if (c == '\n') {
+    ++m_nLine;
+    m_nColumn = 0;
+  } else {
+    ++m_nColumn;
+  }
+  return c;
+}
+
+void CExtFormulaScanner::UnreadChar() {
+  if (m_nPos <= 0) return;
+  if (CharAt(--m_nPos) != '\n') {
+    --m_nColumn;
+    return;
+  }
+  // Back over a line feed: the column is the distance from the line feed before it.
+  --m_nLine;
+  int p = m_nPos;
+  while (p > 0 && CharAt(p - 1) != '\n') --p;
+  m_nColumn = m_nPos - p;
+}
+
+void CExtFormulaScanner::SeekTo(int position) {
+  if (position < 0 || position > m_nLength + kOverrun) return;
+  while (m_nPos < position) ReadChar();
+  while (m_nPos > position) UnreadChar();
+}
+
+void CExtFormulaScanner::MarkStart() {
+  m_tokenLocation.start = m_nPos;
+  m_tokenLocation.start_line = m_nLine;
+  m_tokenLocation.start_column = m_nColumn;
+}
+
+void CExtFormulaScanner::MarkEnd() {
+  m_tokenLocation.end = m_nPos;
+  m_tokenLocation.end_line = m_nLine;
+  m_tokenLocation.end_column = m_nColumn;
+}
+
+}  // namespace qmk::toolkit::formula
