@@ -3,9 +3,21 @@
 
 namespace qmk::toolkit::formula {
 
+namespace {
+// Subtrees are freed by recursion up to this depth, and below it through a work list: a chain
+// such as "=1+1+1+..." makes a tree as deep as the text is long.
+constexpr int kRecursiveDeleteDepth = 256;
+thread_local int t_deleteDepth = 0;
+}  // namespace
+
 CExtFormulaItem::~CExtFormulaItem() {
-  // Children are taken over into a work list and deleted from there: a chain such as
-  // "=1+1+1+..." makes a tree as deep as the text is long.
+  if (m_children.empty()) return;
+  if (t_deleteDepth < kRecursiveDeleteDepth) {
+    ++t_deleteDepth;
+    for (CExtFormulaItem* child : m_children) delete child;
+    --t_deleteDepth;
+    return;
+  }
   std::vector<CExtFormulaItem*> pending;
   pending.swap(m_children);
   while (!pending.empty()) {

@@ -51,6 +51,10 @@ class CExtFormulaItem {
   CExtFormulaItem& operator=(const CExtFormulaItem&) = delete;
   // Deletes the whole subtree, without recursion, so that a very deep tree cannot exhaust the stack.
   virtual ~CExtFormulaItem();
+  // Nodes come and go by the dozen for every formula parsed: freed nodes are kept for reuse by
+  // the same thread (see node_cache.cpp).
+  static void* operator new(size_t size);
+  static void operator delete(void* block, size_t size);
 
   // Inserts `child` at `index`, or appends it when the index is below 0 or past the count.
   // Returns the index used.

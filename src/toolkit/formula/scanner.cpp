@@ -2,6 +2,7 @@
 // and Parse.
 #include "toolkit/formula/scanner.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -56,7 +57,8 @@ CExtFormulaItem* CExtFormulaScanner::DetachRoot() {
 }
 
 CExtFormulaItem* CExtFormulaScanner::NewNode(int kind) {
-  m_pool.reserve(m_pool.size() + 1);  // so that push_back below cannot throw and leak the node
+  // Room is made first, so that push_back below cannot throw and leak the node.
+  if (m_pool.size() == m_pool.capacity()) m_pool.reserve(m_pool.empty() ? 32 : m_pool.size() * 2);
   auto* node = new CExtFormulaItem;
   node->m_nKind = kind;
   m_pool.push_back(node);
@@ -73,27 +75,11 @@ CExtFormulaItem* CExtFormulaScanner::TokenNode() {
 void CExtFormulaScanner::ReleasePool() {
   // Every pooled node is either in the root's tree or under a node that has no parent: deleting
   // those tops frees everything else exactly once. They are all found before any is deleted.
-  std::vector<CExtFormulaItem*> tops;
+  m_tops.clear();
   for (CExtFormulaItem* node : m_pool)
-    if (node->GetParent() == nullptr && node != m_pRoot) tops.push_back(node);
-  for (CExtFormulaItem* node : tops) delete node;
+    if (node->GetParent() == nullptr && node != m_pRoot) m_tops.push_back(node);
   m_pool.clear();
-}
-
-char CExtFormulaScanner::CharAt(int position) const {
-  return position >= 0 && position < m_nLength ? m_pText[position] : ' ';
-}
-
-char CExtFormulaScanner::ReadChar() {
-  if (IsEnd()) return ' ';
-  const char c = CharAt(m_nPos++);
-  if (c == '\n') {
-    ++m_nLine;
-    m_nColumn = 0;
-  } else {
-    ++m_nColumn;
-  }
-  return c;
+  for (CExtFormulaItem* node : m_tops) delete node;
 }
 
 void CExtFormulaScanner::UnreadChar() {
@@ -113,18 +99,6 @@ void CExtFormulaScanner::SeekTo(int position) {
   if (position < 0 || position > m_nLength + kOverrun) return;
   while (m_nPos < position) ReadChar();
   while (m_nPos > position) UnreadChar();
-}
-
-void CExtFormulaScanner::MarkStart() {
-  m_tokenLocation.start = m_nPos;
-  m_tokenLocation.start_line = m_nLine;
-  m_tokenLocation.start_column = m_nColumn;
-}
-
-void CExtFormulaScanner::MarkEnd() {
-  m_tokenLocation.end = m_nPos;
-  m_tokenLocation.end_line = m_nLine;
-  m_tokenLocation.end_column = m_nColumn;
 }
 
 }  // namespace qmk::toolkit::formula

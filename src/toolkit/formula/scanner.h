@@ -55,7 +55,17 @@ class CExtFormulaScanner {
   bool IsEnd() const { return m_nPos >= m_nLength + kOverrun; }
   // Moves the reader to `position`, counting lines and columns; ignored outside 0..length+13.
   void SeekTo(int position);
-  char ReadChar();
+  char ReadChar() {
+    if (IsEnd()) return ' ';
+    const char c = CharAt(m_nPos++);
+    if (c == '\n') {
+      ++m_nLine;
+      m_nColumn = 0;
+    } else {
+      ++m_nColumn;
+    }
+    return c;
+  }
   void UnreadChar();
 
   // The lexer: the next token's code; its text and location follow. Lexical errors throw
@@ -71,10 +81,20 @@ class CExtFormulaScanner {
   void SetRoot(CExtFormulaItem* root) { m_pRoot = root; }
 
  private:
-  char CharAt(int position) const;
+  char CharAt(int position) const {
+    return position >= 0 && position < m_nLength ? m_pText[position] : ' ';
+  }
   char PeekChar() const { return CharAt(m_nPos); }
-  void MarkStart();
-  void MarkEnd();
+  void MarkStart() {
+    m_tokenLocation.start = m_nPos;
+    m_tokenLocation.start_line = m_nLine;
+    m_tokenLocation.start_column = m_nColumn;
+  }
+  void MarkEnd() {
+    m_tokenLocation.end = m_nPos;
+    m_tokenLocation.end_line = m_nLine;
+    m_tokenLocation.end_column = m_nColumn;
+  }
   int ScanToken();
   int ScanNumber();
   void ScanString();
@@ -96,6 +116,7 @@ class CExtFormulaScanner {
   // Every node made during a parse, so that a failed parse frees them without walking a
   // half-built tree.
   std::vector<CExtFormulaItem*> m_pool;
+  std::vector<CExtFormulaItem*> m_tops;  // kept between parses to save allocations
 };
 
 // Raised by the lexer and the parser; never leaves Parse.
