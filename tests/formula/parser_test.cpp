@@ -176,6 +176,33 @@ TEST(FormulaParser, LiteralsAndTheirKinds) {
   }
 }
 
+TEST(FormulaParser, OperatorNodesCarryKindsAndDescriptions) {
+  struct Case {
+    const char* text;
+    int kind;
+    const char* sign;
+    const char* description;
+  };
+  for (const Case c : {Case{"=1*2", kKindMultiply, "*", ""}, {"=1/2", kKindDivide, "/", ""},
+                       {"=1+2", kKindAdd, "+", ""}, {"=1-2", kKindSubtract, "-", ""},
+                       {"=1<2", kKindLess, "<", ""}, {"=1>2", kKindGreater, ">", ""},
+                       {"=1>=2", kKindGreaterOrEqual, ">=", ""}, {"=1<=2", kKindLessOrEqual, "<=", ""},
+                       {"=1<>2", kKindNotEqual, "<>", ""}, {"=1&2", kKindConcatenate, "&", ""},
+                       {"=1^2", kKindPower, "^", ""}, {"=1=2", kKindEqual, "=", ""},
+                       {"=1%", kKindPercent, "%", "unary"}, {"=%1", kKindPercent, "%", "unary"},
+                       {"=-1", kKindNegate, "-", "unary"}, {"=1 2", kKindIntersection, " ", "range intersection"}}) {
+    const auto tree = ParseTree(c.text);
+    ASSERT_TRUE(tree) << c.text;
+    EXPECT_EQ(tree->m_nKind, c.kind) << c.text;
+    EXPECT_EQ(tree->m_strText, c.sign) << c.text;
+    EXPECT_EQ(tree->m_strDescription, c.description) << c.text;
+  }
+  // Two blank tokens in a row (a comment between blanks) stand as an empty operand.
+  const auto blanks = ParseTree("=1* /**/ ");
+  ASSERT_TRUE(blanks);
+  EXPECT_EQ(blanks->GetChildAt(1)->m_nKind, kKindNone);
+}
+
 TEST(FormulaParser, Failures) {
   for (const char* text : {"", "   ", "=", "= ", "1+2", "==1", "=1+", "=*2", "=1 2 +", "=a|b", "=a~b",
                            "=1.2.3", "=09", "=12x", "=\"abc", "=1/*never closed", "=\"\\1\"",

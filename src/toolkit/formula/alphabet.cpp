@@ -40,6 +40,8 @@ int CExtFormulaAlphabet::ParseColumn(const char*& text) const {
     }
     if (i > 0) break;
     if (!IsAbsoluteMarker(*p)) return -1;
+    // The marker is consumed and the scan goes on, so "$" directly followed by a digit is
+    // column 0: "$1" names A1.
     adjustment = -1;
   }
   text = p;

@@ -73,6 +73,8 @@ void CExtFormulaItem::ShiftReferences(const FormulaManager* manager, const CExtF
   if (m_nKind != kKindIdentifier || NamedRange(manager, m_strText) != nullptr) return;
   const CellPos cell = IdentifierCell(alphabet, m_strText);
   if (cell.column < 0 || (filter != nullptr && !filter->Contains(cell))) return;
+  // No clamping: a reference moved off the grid prints as FormatCell makes it ("A0", "1") and
+  // its next evaluation reports it, so that moving it back restores the formula.
   const int start = m_location.start, end = m_location.end;
   if (start < 0 || end < start || static_cast<size_t>(end) > text.size()) return;
   text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start),
