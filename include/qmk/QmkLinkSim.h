@@ -41,6 +41,9 @@ QMK_API int QlkSimTuneParam(int param, int32_t* value);
 /* The port, data bits, stop bits, parity, baud and time-out of the last QlkCommSet. */
 QMK_API int QlkSimCommSettings(int* port, int* data_bits, int* stop_bits, int* parity,
                                uint32_t* baud, int* timeout);
+/* Text that the next QlkOpen leaves in the new record's bar_code_text, as a transport that
+ * reuses its buffers may; null or "" for none. */
+QMK_API void QlkSimSetOpenBarCodeText(const char* text);
 /* The bar-code port of the last QlkBarSet, -1 when the reader wasn't set up. */
 QMK_API int QlkSimBarCodePort(void);
 
@@ -67,14 +70,47 @@ typedef struct qlk_sim_sheet {
   char bar_code_text[QMK_BAR_CODE_BYTES];
   const unsigned char* cells_front;   /* lines_front * QLK_SIM_LINE_BYTES bytes, or null */
   const unsigned char* cells_back;    /* lines_back * QLK_SIM_LINE_BYTES bytes, or null */
+  /* 0: the cells are bytes as the scanner sends them. 1: they are darkness levels 0 to 15, which
+   * the simulator sends as the open model would: '0' + darkness on plain mark scanners, and
+   * darkness * 16 + 8 on scanners that read images. */
+  int32_t cells_are_darkness;
 } qlk_sim_sheet;
 
 /* Adds a sheet at the bottom of the hopper. Returns 0, or -1 when the lines are fewer than 0 or more
  * than QLK_SIM_MAX_LINES. */
 QMK_API int QlkSimAddSheet(const qlk_sim_sheet* sheet);
 QMK_API int QlkSimHopperCount(void);
-/* Sheets sent out as accepted (0) and as rejected (1). */
+/* Sheets sent out as accepted (0), as rejected (1), and sheets taken out of the transport after a
+ * jam, which are neither (2). */
 QMK_API int QlkSimStackerCount(int stacker);
+
+/* Reads a batch file of sheets (the format is in the README) into the hopper. Returns the number
+ * of sheets added, or -1 with a message "line N: ..." in error (size bytes); on an error no
+ * sheet of the file is added. */
+QMK_API int QlkSimLoadBatch(const char* path, char* error, int size);
+/* The same from text in memory. */
+QMK_API int QlkSimLoadBatchText(const char* text, int length, char* error, int size);
+
+/* ---- the log ---- */
+
+/* The simulated transport's log record, filled by QlkReadLogData, which also copies the texts
+ * of the log's first entry into its two strings (QLK_SIM_LOG_TEXT_BYTES each, when not null). */
+#define QLK_SIM_LOG_TEXT_BYTES 128
+struct scan_error_log_registry {
+  int32_t entries;          /* entries in the log, the host's first entry included */
+  int32_t sheets_accepted;
+  int32_t sheets_rejected;
+  int32_t faults;           /* sheets that went out with a fault in their status words */
+};
+
+/* ---- measuring ---- */
+
+/* Functions called on entry to and exit from every transport operation (null for none), so that
+ * a benchmark can tell the library's time and allocations from the simulator's. */
+typedef void (*qlk_sim_hook)(void);
+QMK_API void QlkSimSetCallHooks(qlk_sim_hook enter, qlk_sim_hook leave);
+/* Turns the journal off (0) or on (1, the default); a long benchmark needs no record. */
+QMK_API void QlkSimSetJournal(int on);
 
 /* Seconds of lamp warm-up that a family-12 scanner needs after open. */
 QMK_API void QlkSimSetLampWarmUp(int seconds);

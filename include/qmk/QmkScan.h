@@ -114,7 +114,7 @@ typedef struct qlkdata_rec {
 /* ---- sht_desc: the expected sheet ------------------------------------------------------------ */
 
 #define QMK_MAX_FORM_ID_MARKS 48
-#define QMK_MAX_SKEW_MARKS 16
+#define QMK_MAX_SKEW_MARKS 255 /* as many as skew_mark_count can count */
 #define QMK_SHT_HOST_BYTES 256
 
 typedef struct sht_desc {
@@ -175,6 +175,35 @@ QMK_API int ScnSetScannerMode(qlkdata_rec* rec, int spectrum, int mode_flag, int
 /* Ends the session and releases the record. A null record is ignored. */
 QMK_API void ScnScanTerm(qlkdata_rec* rec);
 
+/* Reads one sheet's mark cells. Zeroes buffer_size bytes of front and back, then copies each
+ * side's lines (line i at i times the side's OMR length) and reports the cells per line and the
+ * line lengths. Returns 0 (sheet done; a blank sheet copies nothing) or 7 (the operator stopped,
+ * or the hopper is empty and stop_on_empty is set). A null record returns 7 at once. */
+QMK_API int ScnScanForOMR(QMK_HWND parent, qlkdata_rec* rec, int stop_on_empty, int buffer_size,
+                          char* front, char* back, int* max_cell_front, int* max_cell_back,
+                          int* omr_length_front, int* omr_length_back);
+
+/* Copies the last bar-code text into text (size bytes, zero-ended). Returns the transport's
+ * result; on a failure text is left alone. -1 for a null record. */
+QMK_API int ScnReadBarcodeBuffer(qlkdata_rec* rec, int size, char* text);
+
+/* Reads a sheet and checks it against desc before handing over its cells. Returns 0, 1 (a blank
+ * sheet where require_marks asks for timing marks) or 7. Null record or desc: 7 at once. */
+QMK_API int ScnScanForImage(QMK_HWND parent, qlkdata_rec* rec, sht_desc* desc, int read_level,
+                            char* front, char* back, int buffer_size, int require_marks);
+
+/* Reads a sample sheet and fills desc: line counts, thickness window, form-ID marks, solid row.
+ * back may be null. Returns 0, 1 (blank sheet with read_level above 0) or 7. */
+QMK_API int ScnScanToDefineFormIds(QMK_HWND parent, qlkdata_rec* rec, sht_desc* desc,
+                                   int read_level, char* front, char* back, int buffer_size,
+                                   int front_only, int first_line, int last_line,
+                                   int stop_on_empty);
+
+/* The scanner's own log, through the transport. A reset makes the host's two texts the log's
+ * new first entry. */
+QMK_API int ScnGetScannerErrorLog(scan_error_log_registry* log, char* first, char* second);
+QMK_API int ScnResetScannerErrorLog(char* first, char* second);
+
 /* Forwarders to the recognition library. */
 QMK_API void ScnShowOptionalComponents(void);
 QMK_API int ScnOptionalComponentCount(void);
@@ -213,8 +242,8 @@ QMK_STATIC_ASSERT(offsetof(sht_desc, id_mark_sense) == 392, "sht_desc layout");
 QMK_STATIC_ASSERT(offsetof(sht_desc, thick_min) == 440, "sht_desc layout");
 QMK_STATIC_ASSERT(offsetof(sht_desc, skew_mark_count) == 448, "sht_desc layout");
 QMK_STATIC_ASSERT(offsetof(sht_desc, skew_marks) == 449, "sht_desc layout");
-QMK_STATIC_ASSERT(offsetof(sht_desc, solid_row) == 484, "sht_desc layout");
-QMK_STATIC_ASSERT(sizeof(sht_desc) == 744, "sht_desc layout");
+QMK_STATIC_ASSERT(offsetof(sht_desc, solid_row) == 960, "sht_desc layout");
+QMK_STATIC_ASSERT(sizeof(sht_desc) == 1220, "sht_desc layout");
 QMK_STATIC_ASSERT(offsetof(SSerInfo, is_usb) == 780, "SSerInfo layout");
 QMK_STATIC_ASSERT(sizeof(SSerInfo) == 1044, "SSerInfo layout");
 

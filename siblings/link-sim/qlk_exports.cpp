@@ -16,7 +16,9 @@ Arg Adr(const void* p) { return Arg::Address(p); }
 extern "C" {
 
 QMK_API int QlkOpen(feat_mask* feat, qlkdata_rec** rec) {
-  return Call("QlkOpen", {Adr(feat), Adr(rec)}, [&] { return S().Open(feat, rec); });
+  const int result = Call("QlkOpen", {Adr(feat), Adr(rec)}, [&] { return S().Open(feat, rec); });
+  S().NoteOpenResult(result);
+  return result;
 }
 
 QMK_API int QlkClose(qlkdata_rec* rec) {
@@ -130,7 +132,8 @@ QMK_API int DrlReadBar(qlkdata_rec* session) {
 }
 
 QMK_API int QlkReadLogData(scan_error_log_registry* log, char* first, char* second) {
-  return Call("QlkReadLogData", {Adr(log), Adr(first), Adr(second)}, [] { return S().ReadLog(); });
+  return Call("QlkReadLogData", {Adr(log), Adr(first), Adr(second)},
+              [&] { return S().ReadLog(log, first, second); });
 }
 
 QMK_API int QlkResetLog(qlkdata_rec* session) {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace qmk::sim {
 namespace {
@@ -13,18 +15,6 @@ constexpr int64_t kSheetFeedMs = 120;
 
 bool ReadsImages(uint32_t feat) {
   return QMK_FEAT_FAMILY(feat) == 3 || QMK_FEAT_FAMILY(feat) == 12 || QMK_FEAT_IMAGE_READ(feat);
-}
-
-// Copies lines [first, last) of a sheet's cells, `width` bytes each, into a record array whose
-// lines are `width` bytes apart. Stops at the sheet's end and at the record's size.
-void CopyLines(const std::vector<unsigned char>& sheet, int first, int last, int width,
-               unsigned char* out) {
-  for (int line = std::max(first, 0); line < last; ++line) {
-    const size_t from = static_cast<size_t>(line) * QLK_SIM_LINE_BYTES;
-    const size_t to = static_cast<size_t>(line) * static_cast<size_t>(width);
-    if (from + static_cast<size_t>(width) > sheet.size() || to + width > QMK_OMR_BYTES) return;
-    std::memcpy(out + to, sheet.data() + from, static_cast<size_t>(width));
-  }
 }
 
 }  // namespace
@@ -42,6 +32,7 @@ int Scanner::Open(feat_mask* feat, qlkdata_rec** rec) {
   rec_ = std::make_unique<qlkdata_rec>();
   std::memset(rec_.get(), 0, sizeof(qlkdata_rec));
   std::memcpy(&rec_->feat, feat, sizeof(uint32_t));
+  std::strncpy(rec_->bar_code_text, open_bar_code_text_.c_str(), QMK_BAR_CODE_BYTES - 1);
   open_ms_ = NowMs();
   ready_ = false;
   *rec = rec_.get();
@@ -49,9 +40,11 @@ int Scanner::Open(feat_mask* feat, qlkdata_rec** rec) {
 }
 
 // Session 0 stands for the open session, so a close after a failed presence test still
-// releases the record that the open made.
+// releases the record that the open made; after a failed open it closes nothing, so that a
+// refused second open leaves the first session standing.
 int Scanner::Close(qlkdata_rec* rec) {
   if (rec && rec != rec_.get()) return -3;
+  if (!rec && last_open_failed_) return 0;
   rec_.reset();
   modes_.reset();
   ready_ = false;
@@ -137,6 +130,9 @@ int Scanner::RemainingLampSeconds() const {
 int Scanner::Pick() {
   if (!rec_) return -3;
   if (RemainingLampSeconds() > 0) return -13;
+  // A sheet still in the transport was neither accepted nor rejected: it jammed, and whoever
+  // answered the fault took it out.
+  if (in_transport_) ++log_.cleared;
   in_transport_.reset();
   picked_empty_ = hopper_.empty();
   if (!picked_empty_) {
@@ -176,8 +172,8 @@ int Scanner::Status() {
   std::memcpy(r.sensor_bytes, s.sensor_bytes, sizeof(r.sensor_bytes));
   // Image-reading models deliver cells only through QlkBuildBubbles.
   if (!ReadsImages(feat)) {
-    CopyLines(in_transport_->front, 0, s.lines_front, OmrLength(0), r.omr_front);
-    CopyLines(in_transport_->back, 0, s.lines_back, OmrLength(1), r.omr_back);
+    DeliverLines(false, 0, s.lines_front, OmrLength(0), r.omr_front);
+    DeliverLines(true, 0, s.lines_back, OmrLength(1), r.omr_back);
   }
   return 0;
 }
@@ -195,10 +191,9 @@ int Scanner::ImgVal(unsigned char cell, uint32_t feat) {
 int Scanner::BuildBubbles(int first_row, int columns, int last_row, int) {
   if (!rec_ || !in_transport_) return -1;
   const bool back = (first_row & 0x80) != 0;
-  const std::vector<unsigned char>& image = back ? in_transport_->back : in_transport_->front;
-  unsigned char* cells = back ? rec_->omr_back : rec_->omr_front;
   const int width = std::clamp(columns, 0, OmrLength(back ? 1 : 0));
-  CopyLines(image, (first_row & 0x7F) - 1, last_row & 0x7F, width, cells);
+  DeliverLines(back, (first_row & 0x7F) - 1, last_row & 0x7F, width,
+               back ? rec_->omr_back : rec_->omr_front);
   return 0;
 }
 
@@ -216,19 +211,58 @@ int Scanner::ReadBar() {
 }
 
 int Scanner::ResetLog() {
-  log_.clear();
+  log_ = Log{};
   return 0;
 }
 
 int Scanner::WriteLog(const char* first, const char* second) {
-  log_.push_back(std::string(first ? first : "") + "\t" + (second ? second : ""));
+  log_.entries.emplace_back(first ? first : "", second ? second : "");
   return 0;
 }
 
+int Scanner::ReadLog(scan_error_log_registry* log, char* first, char* second) const {
+  if (log) *log = scan_error_log_registry{static_cast<int32_t>(log_.entries.size()), log_.accepted,
+                                          log_.rejected, log_.faults};
+  const auto copy = [](char* out, const std::string& text) {
+    if (!out) return;
+    const size_t n = std::min(text.size(), size_t{QLK_SIM_LOG_TEXT_BYTES - 1});
+    std::memcpy(out, text.data(), n);
+    out[n] = '\0';
+  };
+  const bool any = !log_.entries.empty();
+  copy(first, any ? log_.entries.front().first : "");
+  copy(second, any ? log_.entries.front().second : "");
+  return static_cast<int>(log_.entries.size());
+}
+
+// A sheet that leaves with a fault in its status words goes into the log.
 void Scanner::SendOut(bool accepted) {
   if (!in_transport_) return;
-  (accepted ? accepted_ : rejected_)++;
+  (accepted ? log_.accepted : log_.rejected)++;
+  const qlk_sim_sheet& s = in_transport_->facts;
+  if (s.status1 || s.status2 || s.status3) {
+    ++log_.faults;
+    char words[64];
+    std::snprintf(words, sizeof words, "status 0x%X 0x%X 0x%X", s.status1, s.status2, s.status3);
+    log_.entries.emplace_back(accepted ? "sheet accepted" : "sheet rejected", words);
+  }
   in_transport_.reset();
+}
+
+void Scanner::DeliverLines(bool back, int first, int last, int width, unsigned char* out) const {
+  const std::vector<unsigned char>& sheet = back ? in_transport_->back : in_transport_->front;
+  const bool darkness = in_transport_->facts.cells_are_darkness != 0;
+  const bool image = ReadsImages(Feat());
+  for (int line = std::max(first, 0); line < last; ++line) {
+    const size_t from = static_cast<size_t>(line) * QLK_SIM_LINE_BYTES;
+    const size_t to = static_cast<size_t>(line) * static_cast<size_t>(width);
+    if (from + static_cast<size_t>(width) > sheet.size() || to + width > QMK_OMR_BYTES) return;
+    for (int i = 0; i < width; ++i) {
+      const unsigned char cell = sheet[from + i];
+      const unsigned char d = cell & 0x0F;
+      out[to + i] = !darkness ? cell : image ? static_cast<unsigned char>(d * 16 + 8) : '0' + d;
+    }
+  }
 }
 
 bool Scanner::Modes(int out[4]) const {
@@ -273,7 +307,12 @@ int Scanner::AddSheet(const qlk_sim_sheet& sheet) {
 }
 
 int Scanner::StackerCount(int stacker) const {
-  return stacker == 0 ? accepted_ : stacker == 1 ? rejected_ : 0;
+  switch (stacker) {
+    case 0: return log_.accepted;
+    case 1: return log_.rejected;
+    case 2: return log_.cleared;
+    default: return 0;
+  }
 }
 
 }  // namespace qmk::sim

@@ -1,9 +1,14 @@
 // sim_exports.cpp: the scripting interface of the simulated scanner (QmkLinkSim.h).
+#include <algorithm>
+#include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <sstream>
 #include <set>
 #include <string>
 
 #include "qmk/QmkLinkSim.h"
+#include "batch_file.h"
 #include "simulator.h"
 
 namespace qmk::sim {
@@ -18,6 +23,8 @@ void ResetSimulator() {
   sim.scanner = Scanner{};
   sim.journal.Clear();
   sim.forced.Clear();
+  sim.journal_on = true;
+  sim.enter = sim.leave = nullptr;
 }
 
 }  // namespace qmk::sim
@@ -82,6 +89,10 @@ QMK_API int QlkSimCommSettings(int* port, int* data_bits, int* stop_bits, int* p
   return TheSimulator().scanner.CommSettings(port, data_bits, stop_bits, parity, baud, timeout);
 }
 
+QMK_API void QlkSimSetOpenBarCodeText(const char* text) {
+  TheSimulator().scanner.SetOpenBarCodeText(text ? text : "");
+}
+
 QMK_API int QlkSimBarCodePort(void) { return TheSimulator().scanner.BarCodePort(); }
 
 QMK_API int QlkSimAddSheet(const qlk_sim_sheet* sheet) {
@@ -91,6 +102,50 @@ QMK_API int QlkSimAddSheet(const qlk_sim_sheet* sheet) {
 QMK_API int QlkSimHopperCount(void) { return TheSimulator().scanner.HopperCount(); }
 
 QMK_API int QlkSimStackerCount(int stacker) { return TheSimulator().scanner.StackerCount(stacker); }
+
+QMK_API int QlkSimLoadBatchText(const char* text, int length, char* error, int size) {
+  std::string message;
+  qmk::sim::Batch batch;
+  const bool ok = text && length >= 0 &&
+                  qmk::sim::ParseBatch(std::string_view(text, static_cast<size_t>(length)), batch, message);
+  if (!ok) {
+    if (message.empty()) message = "no batch text";
+    if (error && size > 0) {
+      const size_t n = std::min(message.size(), static_cast<size_t>(size - 1));
+      std::memcpy(error, message.data(), n);
+      error[n] = '\0';
+    }
+    return -1;
+  }
+  auto& scanner = TheSimulator().scanner;
+  if (batch.lamp_warm_up_s >= 0) scanner.SetLampWarmUp(batch.lamp_warm_up_s);
+  for (auto& sheet : batch.sheets) scanner.AddSheet(std::move(sheet));
+  return static_cast<int>(batch.sheets.size());
+}
+
+QMK_API int QlkSimLoadBatch(const char* path, char* error, int size) {
+  std::ifstream file(path ? path : "", std::ios::binary);
+  if (!file) {
+    const std::string message = std::string("cannot read ") + (path ? path : "(no path)");
+    if (error && size > 0) std::snprintf(error, static_cast<size_t>(size), "%s", message.c_str());
+    return -1;
+  }
+  std::ostringstream text;
+  text << file.rdbuf();
+  const std::string content = text.str();
+  if (content.size() > (1u << 30)) {
+    if (error && size > 0) std::snprintf(error, static_cast<size_t>(size), "%s is too large", path);
+    return -1;
+  }
+  return QlkSimLoadBatchText(content.data(), static_cast<int>(content.size()), error, size);
+}
+
+QMK_API void QlkSimSetCallHooks(qlk_sim_hook enter, qlk_sim_hook leave) {
+  TheSimulator().enter = enter;
+  TheSimulator().leave = leave;
+}
+
+QMK_API void QlkSimSetJournal(int on) { TheSimulator().journal_on = on != 0; }
 
 QMK_API void QlkSimSetLampWarmUp(int seconds) { TheSimulator().scanner.SetLampWarmUp(seconds); }
 

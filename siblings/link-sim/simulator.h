@@ -13,6 +13,8 @@ struct Simulator {
   Scanner scanner;
   Journal journal;
   ForcedResults forced;
+  bool journal_on = true;
+  qlk_sim_hook enter = nullptr, leave = nullptr;
 };
 
 Simulator& TheSimulator();
@@ -24,12 +26,17 @@ void ResetSimulator();
 template <class Operation>
 int Call(const char* name, std::initializer_list<Arg> args, Operation operation) {
   Simulator& sim = TheSimulator();
-  sim.journal.Add(name, args);
+  if (sim.enter) sim.enter();
+  if (sim.journal_on) sim.journal.Add(name, args);
+  int result;
   if (auto forced = sim.forced.Take(name)) {
     if (*forced == 0) operation();
-    return *forced;
+    result = *forced;
+  } else {
+    result = operation();
   }
-  return operation();
+  if (sim.leave) sim.leave();
+  return result;
 }
 
 }  // namespace qmk::sim

@@ -10,6 +10,7 @@ platform::ModuleState& ThisModule() {
 
 ModuleStateGuard::ModuleStateGuard() : previous_(platform::CurrentModule()) {
   platform::SetCurrentModule(&ThisModule());
+  ++ThisModule().entries;
 }
 
 ModuleStateGuard::~ModuleStateGuard() { platform::SetCurrentModule(previous_); }

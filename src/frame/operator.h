@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "qmk/QmkTypes.h"
 
@@ -44,6 +45,9 @@ class Operator {
   // Shows a message box and returns the pressed button's id (1 OK, 2 Cancel, 6 Yes, 7 No, ...).
   virtual int MessageBox(QMK_HWND parent, const std::string& text, const std::string& caption,
                          unsigned flags, int help_id) = 0;
+  // Shows the fault texts of one failed sheet; returns 1 (OK: go on) or 2 (Cancel: stop), once
+  // the operator has answered.
+  virtual int ShowScanErrorList(const std::vector<std::string>& faults) = 0;
   // Lets pending input reach open notices (a Cancel press, say) while the library waits.
   virtual void PumpMessages() {}
 };

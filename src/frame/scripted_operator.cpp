@@ -84,6 +84,17 @@ int ScriptedOperator::MessageBox(QMK_HWND, const std::string& text, const std::s
   return answer;
 }
 
+int ScriptedOperator::ShowScanErrorList(const std::vector<std::string>& faults) {
+  NoteModule();
+  std::string event = "scan errors";
+  for (const std::string& f : faults) event += " " + Quoted(f);
+  Record(event);
+  if (answers_.empty()) return 2;
+  const int answer = answers_.front();
+  answers_.pop_front();
+  return answer;
+}
+
 void ScriptedOperator::PumpMessages() {
   if (cancel_countdown_ > 0 && --cancel_countdown_ == 0) cancel_pressed_ = true;
 }

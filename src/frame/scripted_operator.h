@@ -12,10 +12,12 @@ namespace qmk::frame {
 
 // Every request becomes one line of events(): "disable 16", "notice create \"text\" cancel=0",
 // "notice move 10,20", "notice show 1", "notice text \"...\"", "notice destroy", "enable 16",
-// "message \"caption\" \"text\" flags=0x30 help=0". Windows show as their handle's number.
+// "message \"caption\" \"text\" flags=0x30 help=0", "scan errors \"a\" \"b\"". Windows show as
+// their handle's number.
 class ScriptedOperator : public Operator {
  public:
-  // Answers for message boxes, taken in order; with none left a box answers 2 (Cancel).
+  // Answers for message boxes and scan error lists, taken in order; with none left the answer
+  // is 2 (Cancel).
   void QueueAnswer(int button) { answers_.push_back(button); }
   void SetWindowRect(QMK_HWND window, Rect rect) { rects_[window] = rect; }
   void SetNoticeSize(int width, int height) { notice_width_ = width, notice_height_ = height; }
@@ -36,6 +38,7 @@ class ScriptedOperator : public Operator {
                                        bool show_cancel) override;
   int MessageBox(QMK_HWND parent, const std::string& text, const std::string& caption,
                  unsigned flags, int help_id) override;
+  int ShowScanErrorList(const std::vector<std::string>& faults) override;
   void PumpMessages() override;
 
   // Used by the notices it makes.

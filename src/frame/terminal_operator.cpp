@@ -85,4 +85,11 @@ int TerminalOperator::MessageBox(QMK_HWND, const std::string& text, const std::s
   }
 }
 
+int TerminalOperator::ShowScanErrorList(const std::vector<std::string>& faults) {
+  std::string text = "The Following Errors Occurred:";
+  for (const std::string& f : faults) text += "\n  " + f;
+  text += "\nCorrect conditions described above and rescan sheet if necessary.";
+  return MessageBox(nullptr, text, "Scan Error", 0x01, 0) == 1 ? 1 : 2;
+}
+
 }  // namespace qmk::frame

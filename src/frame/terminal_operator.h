@@ -20,6 +20,7 @@ class TerminalOperator : public Operator {
                                        bool show_cancel) override;
   int MessageBox(QMK_HWND parent, const std::string& text, const std::string& caption,
                  unsigned flags, int help_id) override;
+  int ShowScanErrorList(const std::vector<std::string>& faults) override;
 
  private:
   std::FILE* in_;

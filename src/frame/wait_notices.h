@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "frame/operator.h"
 
@@ -24,5 +25,39 @@ class CScnWaitInfoMessage {
  private:
   QMK_HWND parent_;
 };
+
+}  // namespace qmk::frame
+
+namespace qmk::frame {
+
+// The lamp warm-up notice of TWAIN scanners: counts the transport's remaining time down once a
+// second, hides at 0 and comes back if time is reported again, and offers Cancel. At most one
+// exists at a time; building it disables the parent, destroying it gives the parent back.
+class CScnWaitLampWarmup {
+ public:
+  explicit CScnWaitLampWarmup(QMK_HWND parent);
+  virtual ~CScnWaitLampWarmup();
+  CScnWaitLampWarmup(const CScnWaitLampWarmup&) = delete;
+  CScnWaitLampWarmup& operator=(const CScnWaitLampWarmup&) = delete;
+
+  // The dialog's Cancel was pressed; false with no dialog.
+  bool Cancelled() const { return m_pDialog && m_pDialog->Cancelled(); }
+  // The once-a-second timer's work.
+  void Tick();
+
+  std::unique_ptr<Notice> m_pDialog;
+  int m_nTimerId = 0;
+  std::string m_strFormat;
+
+ private:
+  void ShowRemaining(int seconds);
+  QMK_HWND parent_;
+};
+
+// The warm-up object that the timer reaches, or null.
+CScnWaitLampWarmup* CurrentLampWarmup();
+
+// Formats a remaining time with the notice's format: minutes and seconds of `seconds`.
+std::string FormatLampTime(const std::string& format, int seconds);
 
 }  // namespace qmk::frame

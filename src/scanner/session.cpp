@@ -1,6 +1,8 @@
 // session.cpp: the open sequence of each scanner family, the reading mode and the close.
 #include "scanner/session.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "frame/wait_notices.h"
@@ -23,9 +25,11 @@ class ErrorOut {
   int* error_;
 };
 
-// Tune parameter 2 on family 2 and 5 with image reading: value x 200 / 120, truncated.
+// Tune parameter 2 on family 2 and 5 with image reading: value x 200 / 120, truncated. Stored
+// values are small; a wild one is held at the integer's limits rather than wrapped.
 int ScaledTuneP2(int32_t value) {
-  return static_cast<int>(static_cast<int64_t>(value) * 200 / 120);
+  const int64_t scaled = static_cast<int64_t>(value) * 200 / 120;
+  return static_cast<int>(std::clamp<int64_t>(scaled, INT32_MIN, INT32_MAX));
 }
 
 // The tune parameters of open, in the transport's order; all go with session 0.

@@ -35,6 +35,8 @@ struct Command {
 };
 
 int RunDemo(Args& args);
+int RunScan(Args& args);
+int RunDefineForm(Args& args);
 int RunFormula(Args& args);
 
 }  // namespace qmkscan

@@ -11,6 +11,12 @@ namespace {
 constexpr Command kCommands[] = {
     {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
      "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"scan", "--batch FILE --out DATAFILE [--model ID] [--form DESC] [--stop-on-empty] "
+             "[--answer ok|cancel] [--read-level N]",
+     "read the batch's sheets on a simulated scanner into a data file", RunScan},
+    {"define-form", "--batch FILE --out DESC [--model ID] [--first-line] [--last-line] "
+                    "[--front-only] [--read-level N]",
+     "learn a form description from the batch's first sheet", RunDefineForm},
     {"formula", "TEXT [--shift DX,DY]",
      "parse a formula; print its tree and printed form, or the text with references moved", RunFormula},
 };
