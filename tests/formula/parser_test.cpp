@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "formula/parse_helpers.h"
+#include "toolkit/formula/alphabet.h"
 
 namespace qmk::toolkit::formula {
 namespace {
@@ -246,12 +247,39 @@ TEST(FormulaParser, StackLimitEndsDeepNestingWithoutHarm) {
   EXPECT_FALSE(scanner.Parse());
 }
 
-TEST(FormulaParser, LongLeftChainsParseAndFree) {
+std::string Chain(int operators) {
   std::string text = "=1";
-  for (int i = 0; i < 20000; ++i) text += "+1";
-  const auto tree = ParseTree(text);
+  for (int i = 0; i < operators; ++i) text += "+1";
+  return text;
+}
+
+TEST(FormulaParser, LongChainsParseUpToTheDepthLimit) {
+  // Each "+" nests the tree one level deeper; the root is level 1.
+  const auto tree = ParseTree(Chain(CExtFormulaScanner::kMaxTreeDepth - 1));
   ASSERT_TRUE(tree);
   EXPECT_EQ(tree->m_nKind, kKindAdd);
+  EXPECT_EQ(tree->ToText().size(), 4 * static_cast<size_t>(CExtFormulaScanner::kMaxTreeDepth - 1) + 2);
+  std::string text = Chain(CExtFormulaScanner::kMaxTreeDepth - 1);
+  tree->ShiftReferences(nullptr, CExtFormulaAlphabet(), text, 1, 1, nullptr);
+
+  CExtFormulaScanner scanner;
+  const std::string deeper = Chain(CExtFormulaScanner::kMaxTreeDepth);
+  scanner.SetText(deeper.c_str());
+  EXPECT_FALSE(scanner.Parse());
+  EXPECT_EQ(scanner.GetErrorMessage(), "formula nested too deeply");
+  // Wide is not deep: many arguments of one call are fine.
+  std::string wide = "=SUM(1";
+  for (int i = 0; i < 3 * CExtFormulaScanner::kMaxTreeDepth; ++i) wide += ",1";
+  EXPECT_NE(Printed(wide + ")"), "FAIL");
+}
+
+TEST(FormulaParser, OverlongTextIsRefused) {
+  const std::string text = "=" + std::string(CExtFormulaScanner::kMaxTextLength, '1');
+  CExtFormulaScanner scanner;
+  scanner.SetText(text.c_str(), static_cast<int>(text.size()));
+  EXPECT_FALSE(scanner.Parse());
+  EXPECT_EQ(scanner.GetErrorMessage(), "formula too long");
+  EXPECT_EQ(Printed(text.substr(0, CExtFormulaScanner::kMaxTextLength)).size(), CExtFormulaScanner::kMaxTextLength);
 }
 
 TEST(FormulaParser, ScannerIsReusableAndOwnsAnUntakenTree) {

@@ -20,7 +20,9 @@ void CExtFormulaScanner::SetText(const char* text, int length) {
   delete m_pRoot;
   m_pRoot = nullptr;
   m_pText = text != nullptr ? text : "";
-  m_nLength = length >= 1 ? length : static_cast<int>(std::strlen(m_pText));
+  const size_t size = length >= 1 ? static_cast<size_t>(length) : std::strlen(m_pText);
+  m_bTooLong = size > static_cast<size_t>(kMaxTextLength);
+  m_nLength = m_bTooLong ? 0 : static_cast<int>(size);
   Reset();
 }
 
@@ -36,10 +38,18 @@ bool CExtFormulaScanner::Parse() {
   delete m_pRoot;
   m_pRoot = nullptr;
   Reset();
+  if (m_bTooLong) {
+    m_strError = "formula too long";
+    return false;
+  }
   bool parsed = false;
   try {
     parsed = RunFormulaParser(*this) == 0 && m_pRoot != nullptr;
     if (!parsed && m_strError.empty()) m_strError = "syntax error";
+    if (parsed && RootIsTooDeep()) {
+      parsed = false;
+      m_strError = "formula nested too deeply";
+    }
   } catch (const FormulaSyntaxError& error) {
     m_strError = error.message;
   } catch (const std::bad_alloc&) {
@@ -48,6 +58,20 @@ bool CExtFormulaScanner::Parse() {
   if (!parsed) m_pRoot = nullptr;
   ReleasePool();
   return parsed;
+}
+
+bool CExtFormulaScanner::RootIsTooDeep() const {
+  // A tree is never deeper than it has nodes: short formulas need no walk.
+  if (m_pool.size() <= static_cast<size_t>(kMaxTreeDepth)) return false;
+  std::vector<std::pair<const CExtFormulaItem*, int>> pending{{m_pRoot, 1}};
+  while (!pending.empty()) {
+    const auto [node, depth] = pending.back();
+    pending.pop_back();
+    if (depth > kMaxTreeDepth) return true;
+    for (const CExtFormulaItem* child : node->m_children)
+      if (child != nullptr) pending.emplace_back(child, depth + 1);
+  }
+  return false;
 }
 
 CExtFormulaItem* CExtFormulaScanner::DetachRoot() {

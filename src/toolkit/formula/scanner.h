@@ -29,6 +29,11 @@ class CExtFormulaScanner {
   static constexpr int kOverrun = 13;
   // The parser's state and value stacks hold this many entries; one more fails the parse.
   static constexpr int kStackLimit = 500;
+  // Longer texts are refused ("formula too long"), and so are trees deeper than the depth
+  // limit ("formula nested too deeply"): a chain such as "=1+1+...+1" nests without bound, and
+  // printing, shifting and evaluating walk the tree by recursion.
+  static constexpr int kMaxTextLength = 1 << 20;
+  static constexpr int kMaxTreeDepth = 10000;
 
   CExtFormulaScanner() = default;
   CExtFormulaScanner(const CExtFormulaScanner&) = delete;
@@ -101,10 +106,12 @@ class CExtFormulaScanner {
   void SkipComment(bool block);
   // Frees every pooled node that is not in the tree of the root.
   void ReleasePool();
+  bool RootIsTooDeep() const;
   void Reset();
 
   const char* m_pText = "";
   int m_nLength = 0;
+  bool m_bTooLong = false;
   int m_nPos = 0;
   int m_nLine = 0;
   int m_nColumn = 0;
