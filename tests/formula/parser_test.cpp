@@ -98,6 +98,18 @@ TEST(FormulaParser, BlankBeforeSignsNamesAndParenthesesIsTheIntersection) {
   });
 }
 
+TEST(FormulaParser, CommentsCountAsBlanks) {
+  ExpectPrinted({
+      {"=1/*c*/+2", "=(1+2)"},
+      {"=1/*c*/", "=1"},
+      {"=1 // note", "=1"},
+      // A blank, a comment and the blank that ends every text are two blank tokens: the first
+      // is then taken as the intersection operator, and nothing follows it.
+      {"=1 /*c*/", "FAIL"},
+      {"=1 /*c*/ 2", "=1 2"},
+  });
+}
+
 TEST(FormulaParser, IntersectionsStayFlatAndBindWeakest) {
   const auto tree = ParseTree("=A1 B2 (C3 D4) E5");
   ASSERT_TRUE(tree);

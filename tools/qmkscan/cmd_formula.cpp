@@ -2,6 +2,7 @@
 // the text with its cell references shifted.
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <memory>
 
 #include "commands.h"
