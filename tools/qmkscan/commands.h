@@ -42,5 +42,6 @@ int RunProbe(Args& args);
 int RunName(Args& args);
 int RunSimulateSerial(Args& args);
 int RunBitmap(Args& args);
+int RunFormula(Args& args);
 
 }  // namespace qmkscan

@@ -26,6 +26,8 @@ constexpr Command kCommands[] = {
      "serve a simulated serial scanner on a pseudo-terminal and print its path", RunSimulateSerial},
     {"bitmap", "info FILE | convert IN OUT [--rle] | scale IN OUT W H [--filter NAME] | filter IN OUT --mono|--hls DH,DL,DS|--alpha D",
      "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
+    {"formula", "TEXT [--shift DX,DY]",
+     "parse a formula; print its tree and printed form, or the text with references moved", RunFormula},
 };
 
 void PrintHelp(std::FILE* out) {
