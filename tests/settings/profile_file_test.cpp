@@ -43,7 +43,7 @@ TEST(ProfileRead, FindsValuesByTheFileRules) {
       {"Scan", "Hidden", std::nullopt},       // comment lines hold no keys
       {"Scan", ";Hidden", std::nullopt},
       {"Other Section", "Level", "99"},
-      {" other section ", "level", std::nullopt},  // the section argument isn't trimmed
+      {" other section ", " level", "99"},  // the arguments are trimmed like the file's names
       {"Missing", "Level", std::nullopt},
       {"Scan", "Absent", std::nullopt},
   };

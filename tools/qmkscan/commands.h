@@ -37,5 +37,7 @@ struct Command {
 int RunDemo(Args& args);
 int RunScan(Args& args);
 int RunDefineForm(Args& args);
+int RunAutoName(Args& args);
+int RunSettings(Args& args);
 
 }  // namespace qmkscan

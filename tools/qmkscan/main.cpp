@@ -17,6 +17,13 @@ constexpr Command kCommands[] = {
     {"define-form", "--batch FILE --out DESC [--model ID] [--first-line] [--last-line] "
                     "[--front-only] [--read-level N]",
      "learn a form description from the batch's first sheet", RunDefineForm},
+    {"autoname", "TEMPLATE [--form N] [--context] [--commit] [--data-dir D] [--sequence N] "
+                 "[--reset never|daily|weekly|monthly] [--batch]",
+     "expand a data file name template; with --commit take the number", RunAutoName},
+    {"settings", "get KEY NAME | set KEY NAME TEXT | list [KEY] [--depth N]  [--machine] "
+                 "[--ini NAME: SECTION KEY instead of KEY NAME]",
+     "read and write the settings store (per-user keys, --machine keys, or an INI file)",
+     RunSettings},
 };
 
 void PrintHelp(std::FILE* out) {

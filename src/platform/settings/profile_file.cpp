@@ -75,7 +75,10 @@ struct SectionSpan {
   size_t header = 0, end = 0;
 };
 
-std::optional<SectionSpan> FindSection(const std::vector<Line>& lines, const std::string& section) {
+// The section and key arguments are trimmed as the file's names are, so that what a write adds
+// is what a read with the same arguments finds.
+std::optional<SectionSpan> FindSection(const std::vector<Line>& lines, const std::string& raw) {
+  const std::string section = Trim(raw);
   for (size_t i = 0; i < lines.size(); ++i) {
     const auto name = SectionName(lines[i].text);
     if (!name || !SameName(*name, section)) continue;
@@ -87,7 +90,8 @@ std::optional<SectionSpan> FindSection(const std::vector<Line>& lines, const std
 }
 
 std::optional<size_t> FindKey(const std::vector<Line>& lines, SectionSpan span,
-                              const std::string& key) {
+                              const std::string& raw) {
+  const std::string key = Trim(raw);
   for (size_t i = span.header + 1; i < span.end; ++i)
     if (const auto name = KeyName(lines[i].text); name && SameName(*name, key)) return i;
   return std::nullopt;

@@ -1,8 +1,9 @@
 // profile_file.h: values in sectioned text files ("[section]" lines, then "key=value" lines).
 //
-// Sections and keys match without regard to case; names and values are trimmed of blanks; a
-// value in matching single or double quotes reads without them. Writing changes one line (or
-// adds one) and keeps every other line, comments included, byte for byte.
+// Sections and keys match without regard to case; names (in the file and as arguments) and
+// values are trimmed of blanks; a value in matching single or double quotes reads without them.
+// Writing changes one line (or adds one) and keeps every other line, comments included, byte for
+// byte.
 #pragma once
 
 #include <optional>
