@@ -376,6 +376,21 @@ TEST_F(AutoNameTest, AStoreThatCantBeOpenedLeavesTheRecordsNumbers) {
   EXPECT_EQ(record_.autoNameSequence, 13);
 }
 
+TEST_F(AutoNameTest, AContextWithoutItsValuesStartsFromNumberZeroResetToday) {
+  CSettingsMgr::OpenContextForWrite("Form007").SetInt("Unrelated", 1);  // the key exists
+  record_.contextFileInUse = 1;
+  record_.autoNameFlags = QMK_AUTONAME_RESET_DAILY;
+  record_.autoNameSequence = 77;
+  EXPECT_FALSE(LoadAutoNameContext(&record_));  // the reset date defaults to today
+  EXPECT_EQ(record_.autoNameSequence, 0);
+  EXPECT_EQ(record_.autoNameResetDay, 29);
+  EXPECT_EQ(record_.autoNameResetMonth, 6);
+  clock_.SetFailing(true);  // no date: the defaults are 0
+  EXPECT_FALSE(LoadAutoNameContext(&record_));
+  EXPECT_EQ(record_.autoNameResetDay, 0);
+  EXPECT_EQ(record_.autoNameResetMonth, 0);
+}
+
 TEST_F(AutoNameTest, StoredNumbersNarrowToTheRecordsFields) {
   {
     CSettingsMgr store = CSettingsMgr::OpenContextForWrite("Form007");

@@ -9,6 +9,7 @@
 #include "options/auto_name.h"
 #include "qmk/QmkGen.h"
 #include "qmk/QmkScan.h"
+#include "toolkit/dialogs/string_table.h"
 
 namespace qmkscan {
 namespace {
@@ -20,6 +21,11 @@ uint8_t ResetFlag(const std::string& word) {
   if (word == "weekly") return QMK_AUTONAME_RESET_WEEKLY;
   if (word == "monthly") return QMK_AUTONAME_RESET_MONTHLY;
   return 0;
+}
+
+int PrintRefusal(QMK_HWND, const char* text, unsigned) {
+  std::fprintf(stderr, "qmkscan autoname: %s\n", text);
+  return 1;
 }
 
 }  // namespace
@@ -49,8 +55,11 @@ int RunAutoName(Args& args) {
 
   qmk::frame::ModuleStateGuard guard;
   const std::string& name_template = args.rest()[0];
-  // The check tells the user why on the terminal.
-  if (!GenCheckAutoNameCString(name_template.c_str(), nullptr)) return 1;
+  // A refused template is an error of this command line: said on stderr, with no prompt.
+  const GenMessageSink previous = GenSetMessageSink(&PrintRefusal);
+  const bool usable = GenCheckAutoNameCString(name_template.c_str(), nullptr);
+  GenSetMessageSink(previous);
+  if (!usable) return 1;
 
   build_data record{};
   record.formNumber = static_cast<int16_t>(*form);
@@ -61,10 +70,9 @@ int RunAutoName(Args& args) {
   std::memcpy(record.autoNameTemplate, name_template.data(), name_template.size());
 
   char name[QMK_NAME_BYTES];
-  // A non-null owner lets the wrap notice reach the terminal.
-  const QMK_HWND terminal = reinterpret_cast<QMK_HWND>(&record);
+  // No owner window: the wrap is reported in the lines below, not in a box to acknowledge.
   const qmk::options::AutoNameOutcome outcome =
-      qmk::options::MakeAutoName(terminal, data_dir.c_str(), name, &record, commit ? 1 : 0);
+      qmk::options::MakeAutoName(nullptr, data_dir.c_str(), name, &record, commit ? 1 : 0);
   std::printf("name: %s\n", name);
   if (context)
     std::printf("context: %s\n", qmk::options::ContextName(record.formNumber).c_str());
@@ -73,6 +81,8 @@ int RunAutoName(Args& args) {
               commit ? "" : " (preview: nothing taken)");
   std::printf("reset: %s\n", outcome.reset ? "yes" : "no");
   std::printf("wrapped: %s\n", outcome.wrapped ? "yes" : "no");
+  std::string notice;
+  if (outcome.result == 1 && qmk::toolkit::LoadString(2034, notice)) std::printf("%s\n", notice.c_str());
   if (batch && commit) std::printf("batch number: %s\n", record.batchNumberText);
   return 0;
 }

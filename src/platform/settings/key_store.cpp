@@ -10,6 +10,7 @@
 #include <cstdio>
 
 #include "platform/settings/atomic_file.h"
+#include "platform/settings/names.h"
 #include "platform/settings/paths.h"
 
 namespace qmk::platform {
@@ -17,13 +18,6 @@ namespace {
 
 constexpr char kValuesFile[] = ".values";
 constexpr char kHeader[] = "# quillmark key values: name, type, data\n";
-
-bool SameName(const std::string& a, const std::string& b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](unsigned char x, unsigned char y) {
-           return std::tolower(x) == std::tolower(y);
-         });
-}
 
 bool IsFolder(const std::string& path) {
   struct stat st {};
@@ -78,7 +72,7 @@ std::string FindChild(const std::string& folder, const std::string& level) {
   while (const dirent* entry = readdir(dir)) {
     const std::string name = entry->d_name;
     if (name == "." || name == ".." || name == kValuesFile) continue;
-    if (SameName(KeyNameFromFolder(name), level) && IsFolder(folder + "/" + name)) {
+    if (EqualsIgnoringCase(KeyNameFromFolder(name), level) && IsFolder(folder + "/" + name)) {
       found = folder + "/" + name;
       break;
     }
@@ -159,7 +153,7 @@ std::vector<KeyValue> ParseKeyValues(const std::string& text) {
       continue;
     // A later line of the same name is a leftover; the first one stands.
     if (std::none_of(values.begin(), values.end(),
-                     [&](const KeyValue& old) { return SameName(old.name, v.name); }))
+                     [&](const KeyValue& old) { return EqualsIgnoringCase(old.name, v.name); }))
       values.push_back(std::move(v));
   }
   return values;
@@ -219,7 +213,7 @@ QueryResult KeyHandle::Query(const std::string& name, std::string& data, size_t 
   if (status == ReadStatus::kMissing) return QueryResult::kMissing;
   if (status == ReadStatus::kFailed) return QueryResult::kFailed;
   for (KeyValue& v : ParseKeyValues(text)) {
-    if (!SameName(v.name, name)) continue;
+    if (!EqualsIgnoringCase(v.name, name)) continue;
     if (v.data.size() > limit) return QueryResult::kMoreData;
     if (type) *type = v.type;
     data = std::move(v.data);
@@ -232,7 +226,7 @@ bool KeyHandle::Edit(const std::string& name, const KeyValue* replacement) {
   return UpdateFileLocked(ValuesFile(), [&](std::string& text) {
     std::vector<KeyValue> values = ParseKeyValues(text);
     auto it = std::find_if(values.begin(), values.end(),
-                           [&](const KeyValue& v) { return SameName(v.name, name); });
+                           [&](const KeyValue& v) { return EqualsIgnoringCase(v.name, name); });
     if (!replacement) {
       if (it == values.end()) return false;
       values.erase(it);

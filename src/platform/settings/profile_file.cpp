@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/settings/atomic_file.h"
+#include "platform/settings/names.h"
 
 namespace qmk::platform {
 namespace {
@@ -17,13 +18,6 @@ std::string Trim(const std::string& s) {
   while (first < last && IsBlank(s[first])) ++first;
   while (last > first && IsBlank(s[last - 1])) --last;
   return s.substr(first, last - first);
-}
-
-bool SameName(const std::string& a, const std::string& b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](unsigned char x, unsigned char y) {
-           return std::tolower(x) == std::tolower(y);
-         });
 }
 
 // One line of the text, without its line break, and where it starts.
@@ -81,7 +75,7 @@ std::optional<SectionSpan> FindSection(const std::vector<Line>& lines, const std
   const std::string section = Trim(raw);
   for (size_t i = 0; i < lines.size(); ++i) {
     const auto name = SectionName(lines[i].text);
-    if (!name || !SameName(*name, section)) continue;
+    if (!name || !EqualsIgnoringCase(*name, section)) continue;
     size_t end = i + 1;
     while (end < lines.size() && !SectionName(lines[end].text)) ++end;
     return SectionSpan{i, end};
@@ -93,7 +87,7 @@ std::optional<size_t> FindKey(const std::vector<Line>& lines, SectionSpan span,
                               const std::string& raw) {
   const std::string key = Trim(raw);
   for (size_t i = span.header + 1; i < span.end; ++i)
-    if (const auto name = KeyName(lines[i].text); name && SameName(*name, key)) return i;
+    if (const auto name = KeyName(lines[i].text); name && EqualsIgnoringCase(*name, key)) return i;
   return std::nullopt;
 }
 
