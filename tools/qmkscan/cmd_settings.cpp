@@ -59,7 +59,6 @@ int IniCommand(const std::string& verb, const std::string& ini, const std::vecto
   }
   if (verb == "list" && w.empty()) {
     std::printf("# %s\n", path.c_str());
-    std::string text;
     std::FILE* f = std::fopen(path.c_str(), "r");
     if (!f) return 0;
     char line[1024];
