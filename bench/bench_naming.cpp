@@ -3,6 +3,8 @@
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -20,9 +22,20 @@ const std::string& Sandbox() {
   static const std::string root = [] {
     std::string pattern =
         (std::filesystem::temp_directory_path() / "qmk-bench-naming-XXXXXX").string();
-    const std::string dir = mkdtemp(pattern.data()) ? pattern : "/tmp";
+    if (!mkdtemp(pattern.data())) {
+      std::perror("bench_naming: no temporary folder");
+      std::exit(1);
+    }
+    const std::string dir = pattern;
     setenv("XDG_CONFIG_HOME", (dir + "/config").c_str(), 1);
     setenv("QMK_COMMON_DATA", (dir + "/common").c_str(), 1);
+    // Removed at exit through a copy: the string itself may be gone by then.
+    static char copy[4096];
+    std::snprintf(copy, sizeof copy, "%s", dir.c_str());
+    std::atexit([] {
+      std::error_code ignored;
+      std::filesystem::remove_all(copy, ignored);
+    });
     return dir;
   }();
   return root;
