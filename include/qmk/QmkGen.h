@@ -26,8 +26,21 @@ QMK_API void GenSetHelpId(int id);
 QMK_API const char* GenGetMainAppModuleName(void);
 QMK_API void GenSetMainAppModuleName(const char* name);
 
+/* Where the common services send what they tell the user: the message road of the library that
+ * installs it. flags are message-box flags (0x30: exclamation icon). Returns the previous sink;
+ * with none installed, texts go to stderr. */
+typedef int (*GenMessageSink)(QMK_HWND owner, const char* text, unsigned flags);
+QMK_API GenMessageSink GenSetMessageSink(GenMessageSink sink);
+
+/* Checks a file name template before it is used for automatic naming. Returns 1 when it is
+ * usable. Otherwise tells the user why, through the message sink with `owner` as parent, and
+ * returns 0: for a null or empty template, a star not followed by a code letter (D, H, J, M, N,
+ * S, T, W, Y, in either case; a star at the end too), a character that a data file name may not
+ * hold (control characters and \ / : ? " < > |), or an expansion longer than 259 characters. */
+QMK_API int GenCheckAutoNameCString(const char* name_template, QMK_HWND owner);
+
 /* Still to come, each with the work that first needs it: GenLoadCString, GenLoadConfigEx,
- * GenVfyFileSpec, GenCheckAutoNameCString, GenNormalizeDateStr, GenGetDataFileMetrics,
+ * GenVfyFileSpec, GenNormalizeDateStr, GenGetDataFileMetrics,
  * GenGetDialogOpts, GenSetDialogOpts, GenGetHelpId_Component, GenGetToolsDir,
  * GenGetClientHandleServerMode. Nothing declares them before they work. */
 

@@ -146,6 +146,78 @@ typedef struct SSerInfo {
   char description[QMK_SER_TEXT_BYTES];
 } SSerInfo;
 
+/* ---- build_data: the host's job options ------------------------------------------------------ */
+
+/* Bits of build_data.autoNameFlags: one reset rule, and the batch flag. */
+#define QMK_AUTONAME_NEVER_RESET 0x01
+#define QMK_AUTONAME_RESET_DAILY 0x02
+#define QMK_AUTONAME_RESET_WEEKLY 0x04
+#define QMK_AUTONAME_RESET_MONTHLY 0x08
+#define QMK_AUTONAME_USE_AS_BATCH 0x10
+
+/* Bits of build_data.fileOptionFlags. */
+#define QMK_FILEOPT_AUTONAME 0x10            /* data file names are generated */
+#define QMK_FILEOPT_DEFAULT_CONVERSION 0x20  /* the default conversion output name is used */
+
+/* Bits of build_data.printFlags. */
+#define QMK_PRINT_SERIAL 0x01
+#define QMK_PRINT_BATCH 0x02
+#define QMK_PRINT_RUN 0x04
+#define QMK_PRINT_SCAN_DATE 0x08
+#define QMK_PRINT_OFFSET_EDIT 0x10
+#define QMK_PRINT_FOUR_DIGIT_YEAR 0x20
+
+/* Bits of build_data.stopFlags. */
+#define QMK_STOP_LITHO_CODE 0x01
+#define QMK_STOP_SYSTEM 0x02
+#define QMK_STOP_THICKNESS 0x04
+
+/* Size of the host's name buffers, and of every name the library writes for it. */
+#define QMK_NAME_BYTES 260
+
+/* The job options record. Text fields are zero-ended. The reserved runs belong to the host and
+ * are carried along unchanged. */
+typedef struct build_data {
+  int16_t formNumber;                 /* number of the form; names the auto-naming context */
+  char dataFileName[1040];            /* name of the data file, with the space behind it */
+  char autoNameTemplate[QMK_NAME_BYTES];
+  unsigned char reserved1[780];
+  char scanConversionFileName[QMK_NAME_BYTES];
+  char serialNumberText[7];           /* starting serial number, decimal */
+  char batchNumberText[4];            /* batch number, decimal */
+  char scanDateText[12];              /* normalised scan date; empty means today */
+  char runNumberText[2];              /* run number, one digit */
+  unsigned char reserved2[1];
+  uint16_t fileOptionFlags;           /* QMK_FILEOPT_* */
+  unsigned char reserved3[2];
+  int32_t bubbleThreshold;
+  int32_t bubbleDiscrimination;
+  int32_t checkThreshold;
+  int32_t checkDiscrimination;
+  int32_t tickThreshold;
+  int32_t tickDiscrimination;
+  uint16_t printFlags;                /* QMK_PRINT_* */
+  int16_t printPosition;              /* 1 to 63 */
+  int16_t dataFileMode;               /* 0 append, 1 replace, 2 replace at serial number */
+  uint16_t stopFlags;                 /* QMK_STOP_* */
+  uint8_t autoNameFlags;              /* QMK_AUTONAME_* */
+  unsigned char reserved4[1];
+  int16_t autoNameSequence;           /* last number used; 0: the next name takes 1 */
+  uint8_t autoNameResetMonth;         /* month 1 to 12 of the last reset */
+  uint8_t autoNameResetDay;           /* day of the month of the last reset */
+  unsigned char reserved5[520];
+  char postScanConversionFileName[QMK_NAME_BYTES];
+  uint16_t conversionFlags;
+  uint16_t conversionReplaceExisting;
+  unsigned char reserved6[528];
+  uint16_t editMode;
+  unsigned char reserved7[788];
+  int32_t onlineEditCorrection;       /* non-zero: online edit correction while scanning */
+  unsigned char reserved8[524];
+  uint8_t contextFileInUse;           /* non-zero: the naming sequence is kept in the settings */
+  unsigned char reserved9[259];
+} build_data;
+
 /* ---- result codes ---------------------------------------------------------------------------- */
 
 /* Scan calls. */
@@ -203,6 +275,13 @@ QMK_API int ScnScanToDefineFormIds(QMK_HWND parent, qlkdata_rec* rec, sht_desc* 
  * new first entry. */
 QMK_API int ScnGetScannerErrorLog(scan_error_log_registry* log, char* first, char* second);
 QMK_API int ScnResetScannerErrorLog(char* first, char* second);
+
+/* Expands record->autoNameTemplate into out_name (at least QMK_NAME_BYTES bytes; never more are
+ * written). With commit non-zero the sequence is taken: the record, batch number and, for a
+ * record with contextFileInUse, the settings store are updated. Returns 1 when a commit wrapped
+ * the sequence and said so, else 0. */
+QMK_API int ScnMakeAutoName(QMK_HWND owner, const char* data_path, char* out_name,
+                            build_data* record, int commit);
 
 /* Forwarders to the recognition library. */
 QMK_API void ScnShowOptionalComponents(void);
@@ -288,5 +367,28 @@ QMK_STATIC_ASSERT(offsetof(sht_desc, solid_row) == 960, "sht_desc layout");
 QMK_STATIC_ASSERT(sizeof(sht_desc) == 1220, "sht_desc layout");
 QMK_STATIC_ASSERT(offsetof(SSerInfo, is_usb) == 780, "SSerInfo layout");
 QMK_STATIC_ASSERT(sizeof(SSerInfo) == 1044, "SSerInfo layout");
+QMK_STATIC_ASSERT(offsetof(build_data, dataFileName) == 2, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, autoNameTemplate) == 1042, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, scanConversionFileName) == 2082, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, serialNumberText) == 2342, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, batchNumberText) == 2349, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, scanDateText) == 2353, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, runNumberText) == 2365, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, fileOptionFlags) == 2368, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, bubbleThreshold) == 2372, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, tickDiscrimination) == 2392, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, printFlags) == 2396, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, stopFlags) == 2402, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, autoNameFlags) == 2404, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, autoNameSequence) == 2406, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, autoNameResetMonth) == 2408, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, autoNameResetDay) == 2409, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, postScanConversionFileName) == 2930, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, conversionFlags) == 3190, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, conversionReplaceExisting) == 3192, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, editMode) == 3722, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, onlineEditCorrection) == 4512, "build_data layout");
+QMK_STATIC_ASSERT(offsetof(build_data, contextFileInUse) == 5040, "build_data layout");
+QMK_STATIC_ASSERT(sizeof(build_data) == 5300, "build_data layout");
 
 #endif

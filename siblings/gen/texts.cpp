@@ -18,6 +18,13 @@ constexpr GenText kTexts[] = {
 #undef GEN_TEXT
 };
 
+constexpr bool SortedById() {
+  for (size_t i = 1; i < std::size(kTexts); ++i)
+    if (kTexts[i - 1].id >= kTexts[i].id) return false;
+  return true;
+}
+static_assert(SortedById(), "texts.inc must list ids in rising order, once each");
+
 const char* FindText(int id) {
   auto it = std::lower_bound(std::begin(kTexts), std::end(kTexts), id,
                              [](const GenText& t, int key) { return t.id < key; });

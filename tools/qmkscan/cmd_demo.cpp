@@ -2,6 +2,7 @@
 // sheet and a batch of answer sheets scanned against it, faults answered.
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "commands.h"
 #include "qmk/QmkLinkSim.h"
@@ -43,9 +44,28 @@ int ShowSession(const qmk::scanner::ModelRow& model, long spectrum, long read_mo
   return 0;
 }
 
-std::string TempPath(const char* name) {
+std::string TempFolder() {
   const char* dir = std::getenv("TMPDIR");
-  return std::string(dir && *dir ? dir : "/tmp") + "/" + name;
+  return dir && *dir ? dir : "/tmp";
+}
+
+std::string TempPath(const char* name) { return TempFolder() + "/" + name; }
+
+// The data file's name from a template and form 1's naming context, as a host names its files:
+// the number is taken and kept, so the next run goes on from it.
+std::string NameDataFile() {
+  constexpr char kTemplate[] = "Scan*S.dat";
+  build_data naming{};
+  naming.formNumber = 1;
+  naming.fileOptionFlags = QMK_FILEOPT_AUTONAME;
+  naming.autoNameFlags = QMK_AUTONAME_NEVER_RESET;
+  naming.contextFileInUse = 1;
+  std::memcpy(naming.autoNameTemplate, kTemplate, sizeof kTemplate);
+  char name[QMK_NAME_BYTES];
+  ScnMakeAutoName(nullptr, TempFolder().c_str(), name, &naming, 1);
+  std::printf("Naming the data file from the template \"%s\": %s (number %d of form 1)\n",
+              kTemplate, name, naming.autoNameSequence);
+  return TempPath(name);
 }
 
 }  // namespace
@@ -78,7 +98,7 @@ int RunDemo(Args& args) {
   JobOptions scan;
   scan.model = model->text_id;
   scan.batch = examples + "/demo.batch";
-  scan.out = TempPath("qmkscan-demo.dat");
+  scan.out = NameDataFile();
   scan.form = teach.out;
   scan.answer_ok = true;
   std::printf("\nScanning %s against the form; each fault is answered OK (reject the sheet, go on)\n",

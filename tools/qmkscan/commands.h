@@ -43,5 +43,7 @@ int RunName(Args& args);
 int RunSimulateSerial(Args& args);
 int RunBitmap(Args& args);
 int RunFormula(Args& args);
+int RunAutoName(Args& args);
+int RunSettings(Args& args);
 
 }  // namespace qmkscan

@@ -28,6 +28,13 @@ constexpr Command kCommands[] = {
      "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
     {"formula", "TEXT [--shift DX,DY]",
      "parse a formula; print its tree and printed form, or the text with references moved", RunFormula},
+    {"autoname", "TEMPLATE [--form N] [--context] [--commit] [--data-dir D] [--sequence N] "
+                 "[--reset never|daily|weekly|monthly] [--batch]",
+     "expand a data file name template; with --commit take the number", RunAutoName},
+    {"settings", "get KEY NAME | set KEY NAME TEXT | list [KEY] [--depth N]  [--machine] "
+                 "[--ini NAME: SECTION KEY instead of KEY NAME]",
+     "read and write the settings store (per-user keys, --machine keys, or an INI file)",
+     RunSettings},
 };
 
 void PrintHelp(std::FILE* out) {
