@@ -9,8 +9,8 @@ namespace qmkscan {
 namespace {
 
 constexpr Command kCommands[] = {
-    {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N]",
-     "open a simulated scanner, set a reading mode, close; print what the session did", RunDemo},
+    {"demo", "[--model ID] [--spectrum 0|1|2] [--read-mode N] [--bar-code-port N] [--examples DIR]",
+     "a session told call by call, then a form taught and a batch of sheets scanned", RunDemo},
     {"scan", "--batch FILE --out DATAFILE [--model ID] [--form DESC] [--stop-on-empty] "
              "[--answer ok|cancel] [--read-level N]",
      "read the batch's sheets on a simulated scanner into a data file", RunScan},
