@@ -79,8 +79,9 @@ MarkList SearchSide(const CellGrid& g, const SearchRect& r) {
   return list;
 }
 
-// The side's first and last rows alone, with the rectangle's columns. Replaces the list only
-// when it finds a mark; returns whether it did.
+// The side's first and last rows alone, with the rectangle's columns. Replaces the list and its
+// count only when it finds a mark, and returns whether it did; the side's overflow stays as the
+// full search left it, so a front that overflowed still reports it.
 bool ScnFindEdgeMarks(const CellGrid& g, const SearchRect& rect, MarkList& list) {
   if (g.lines <= 0) return false;
   SearchRect edges = rect;
@@ -90,7 +91,9 @@ bool ScnFindEdgeMarks(const CellGrid& g, const SearchRect& rect, MarkList& list)
   edges.row_count = g.lines > 1 ? 2 : 1;
   const MarkList found = SearchSide(g, edges);
   if (found.count == 0) return false;
-  list = found;
+  std::copy(found.col, found.col + found.count, list.col);
+  std::copy(found.row, found.row + found.count, list.row);
+  list.count = found.count;
   return true;
 }
 

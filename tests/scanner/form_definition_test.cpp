@@ -102,6 +102,20 @@ TEST_F(DefineForm, FortyEightMarksAreQuietAndTheFortyNinthIsTold) {
                                            ::testing::HasSubstr("flags=0x40"))));
 }
 
+TEST_F(DefineForm, FrontThatOverflowedStaysOverflowedWhenItsEdgesFitTheList) {
+  // Five lines of 20 marks: the whole search overflows, its first and last lines hold 40.
+  std::string front;
+  for (int line = 0; line < 5; ++line) front += " " + Row(20) + "\n";
+  LoadBatch("sheet\n front\n" + front + " end\nend\n");
+  EXPECT_EQ(Define({2, 5, 1}, 0, true, false, false), 0);
+  const Marks m = Stored();
+  ASSERT_EQ(m.size(), 40u);
+  EXPECT_EQ(m[19], std::make_pair(20, 1));
+  EXPECT_EQ(m[20], std::make_pair(1, 5));
+  ASSERT_EQ(op_.events().size(), 1u);
+  EXPECT_THAT(op_.events()[0], ::testing::HasSubstr("reduced to be under the maximum of 48."));
+}
+
 TEST_F(DefineForm, BackIsCutToWhatTheFrontLeaves) {
   LoadBatch("sheet\n front\n " + Row(40) + "\n end\n back\n " + Row(20) + "\n end\nend\n");
   EXPECT_EQ(Define({2, 5, 1}, 0, false, true, false), 0);
