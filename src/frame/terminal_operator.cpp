@@ -1,6 +1,8 @@
 // terminal_operator.cpp: notices and message boxes on a terminal.
 #include "frame/terminal_operator.h"
 
+#include "frame/scan_error_texts.h"
+
 #include <cctype>
 #include <cstring>
 #include <string>
@@ -86,10 +88,11 @@ int TerminalOperator::MessageBox(QMK_HWND, const std::string& text, const std::s
 }
 
 int TerminalOperator::ShowScanErrorList(const std::vector<std::string>& faults) {
-  std::string text = "The Following Errors Occurred:";
+  std::string text = kScanErrorHeading;
   for (const std::string& f : faults) text += "\n  " + f;
-  text += "\nCorrect conditions described above and rescan sheet if necessary.";
-  return MessageBox(nullptr, text, "Scan Error", 0x01, 0) == 1 ? 1 : 2;
+  text += "\n";
+  text += kScanErrorAdvice;
+  return MessageBox(nullptr, text, kScanErrorTitle, 0x01, 0) == 1 ? 1 : 2;
 }
 
 }  // namespace qmk::frame

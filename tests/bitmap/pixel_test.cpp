@@ -123,6 +123,18 @@ TEST(PreMultiply, FormulasFlagsAndNotice) {
   EXPECT_FALSE(b24.PreMultiply(true));
 }
 
+TEST(PreMultiply, EveryCallTransformsWhateverTheFlag) {
+  CountingBitmap bmp;
+  bmp.Create(1, 1, 32);
+  bmp.SetPixel(0, 0, Quad(200, 100, 51, 128));
+  bmp.changes = 0;
+  ASSERT_TRUE(bmp.PreMultiply(true));
+  ASSERT_TRUE(bmp.PreMultiply(true));
+  EXPECT_EQ(bmp.changes, 2);
+  const uint8_t* p = PixelBlock::Row(bmp.Block(), 0);
+  EXPECT_EQ(p[2], (200 * 128 / 255) * 128 / 255) << "multiplied twice";
+}
+
 TEST(PreMultiply, GetPixelCapsUndoneChannelsAt255) {
   CExtBitmap bmp;
   bmp.Create(1, 1, 32);

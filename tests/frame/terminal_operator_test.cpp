@@ -58,5 +58,22 @@ TEST(TerminalOperator, NoticePrintsItsTextOnceOnOneLine) {
   std::free(out_text);
 }
 
+TEST(TerminalOperator, FaultListShowsTheDialogsWholeText) {
+  std::string input = "c\n";
+  std::FILE* in = fmemopen(input.data(), input.size() + 1, "r");
+  char* out_text = nullptr;
+  size_t out_size = 0;
+  std::FILE* out = open_memstream(&out_text, &out_size);
+  EXPECT_EQ(TerminalOperator(in, out).ShowScanErrorList({"Sheet jammed", "Double feed"}), 2);
+  std::fclose(in);
+  std::fclose(out);
+  const std::string shown = out_text;
+  std::free(out_text);
+  EXPECT_EQ(shown.substr(0, shown.find('?')),
+            "Scan Error: The Following Errors Occurred:\n  Sheet jammed\n  Double feed\n"
+            "Correct conditions described above and rescan sheet if necessary.  Make sure you are "
+            "scanning the proper sheet.\n[o]k / [c]ancel");
+}
+
 }  // namespace
 }  // namespace qmk::frame

@@ -160,9 +160,9 @@ bool CExtBitmap::SetPixel(int x, int y, const RGBQUAD& value, bool set_red, bool
   return true;
 }
 
+// Transforms the pixels on every call, whatever the flag says: two calls multiply twice.
 bool CExtBitmap::PreMultiply(bool on) {
   if (!m_pImageBuffer || Depth() != 32) return false;
-  if (m_bPreMultiplied == on) return true;
   const size_t count = static_cast<size_t>(Width());
   for (int y = 0; y < Height(); ++y) {
     uint8_t* p = PixelBlock::Row(m_pImageBuffer, y);
