@@ -283,6 +283,46 @@ QMK_API int ScnResetScannerErrorLog(char* first, char* second);
 QMK_API int ScnMakeAutoName(QMK_HWND owner, const char* data_path, char* out_name,
                             build_data* record, int commit);
 
+/* ---- the operator: how the library asks a person ---------------------------------------------
+ * A host that answers faults and waits itself (a service without a terminal, a program with its
+ * own windows) installs its callbacks here. Without one the library's own dialogs answer once
+ * they stand; until then the terminal answers when standard input is one, and otherwise a fault
+ * is answered Cancel (the scan call returns 7) and the trace says why. */
+typedef struct ScnOperator {
+  /* sizeof(ScnOperator) as the host was built: later versions only append members. */
+  unsigned size;
+  /* Handed back unchanged to every callback. */
+  void* context;
+  /* Required. A message box: returns the pressed button's id (1 OK, 2 Cancel, 3 Abort,
+   * 4 Retry, 5 Ignore, 6 Yes, 7 No). flags hold the button set in the low four bits and the
+   * icon in bits 4 to 7, as the platform's message box takes them. */
+  int (*message_box)(void* context, QMK_HWND parent, const char* text, const char* caption,
+                     unsigned flags, int help_id);
+  /* Required. The faults of one failed sheet, with the scan error dialog's fixed texts: title,
+   * heading above the list and advice below it. Returns 1 to read the sheet again, 2 to stop. */
+  int (*fault_list)(void* context, const char* title, const char* heading,
+                    const char* const* faults, int count, const char* advice);
+  /* Optional, all four or none. A modeless notice with an optional Cancel button (connection
+   * and lamp warm-up waits): made hidden, then shown, its text changed while it stands, asked
+   * whether Cancel was pressed, and destroyed. notice_create may return null: no notice. */
+  void* (*notice_create)(void* context, QMK_HWND parent, const char* text, int show_cancel);
+  void (*notice_text)(void* context, void* notice, const char* text);
+  void (*notice_show)(void* context, void* notice, int visible);
+  int (*notice_cancelled)(void* context, void* notice);
+  void (*notice_destroy)(void* context, void* notice);
+  /* Optional. The library disables the parent window while a wait notice stands. */
+  void (*enable_window)(void* context, QMK_HWND window, int enabled);
+  /* Optional. Called while the library waits, so that the host's input (a Cancel press) is
+   * seen. */
+  void (*pump)(void* context);
+} ScnOperator;
+
+/* Installs a copy of *op; null puts the default back. Returns 0, QMK_ERROR_NULL_ARGUMENT when a
+ * required callback is missing, or QMK_ERROR_BAD_OPERATOR when size is too small or only some of
+ * the notice callbacks are given; a refused operator changes nothing. */
+QMK_API int ScnSetOperator(const ScnOperator* op);
+#define QMK_ERROR_BAD_OPERATOR 9002
+
 /* Forwarders to the recognition library. */
 QMK_API void ScnShowOptionalComponents(void);
 QMK_API int ScnOptionalComponentCount(void);

@@ -1,5 +1,7 @@
 // exports.cpp: the frame's exports. The forwarders switch no module state: they add nothing to
 // the recognition library's calls.
+#include "frame/callback_operator.h"
+#include "frame/operator.h"
 #include "qmk/QmkRecog.h"
 #include "qmk/QmkScan.h"
 
@@ -8,5 +10,13 @@ extern "C" {
 QMK_API void ScnShowOptionalComponents(void) { ShowOptionalComponents(); }
 
 QMK_API int ScnOptionalComponentCount(void) { return OptionalComponentCount(); }
+
+QMK_API int ScnSetOperator(const ScnOperator* op) {
+  if (op) {
+    if (const int refused = qmk::frame::CheckCallbacks(*op)) return refused;
+  }
+  qmk::frame::SetHostCallbacks(op);
+  return 0;
+}
 
 }

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "qmk/QmkTypes.h"
+#include "qmk/QmkScan.h"
 
 namespace qmk::frame {
 
@@ -52,9 +52,17 @@ class Operator {
   virtual void PumpMessages() {}
 };
 
-// The operator in use. Until a host installs one, the terminal operator answers.
+// The operator in use: one set by SetOperator; else a host's C callbacks; else the terminal when
+// standard input is one; else the unattended operator, which answers faults with Cancel.
 Operator& CurrentOperator();
-// Installs `op` (not owned) and returns the previous one; null restores the terminal operator.
+// Installs `op` (not owned) and returns the previous one; null returns to the default choice.
 Operator* SetOperator(Operator* op);
+// Installs a copy of a host's C callbacks (checked by CheckCallbacks); null removes them.
+void SetHostCallbacks(const ScnOperator* callbacks);
+
+// What a message box answers when nobody can press a button: Cancel where the box has one,
+// else No, else OK (Abort for abort/retry/ignore), so an unattended run stops rather than
+// repeating.
+int ClosedBoxAnswer(unsigned flags);
 
 }  // namespace qmk::frame

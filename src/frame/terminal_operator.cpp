@@ -48,17 +48,16 @@ struct ButtonSet {
   const char* prompt;
   const char* letters;   // first letter of each answer
   int ids[3];            // button ids, same order
-  int at_end_of_input;
 };
 
 // Button types of the flags' low nibble.
 constexpr ButtonSet kButtons[] = {
-    {"[o]k", "o", {1}, 1},
-    {"[o]k / [c]ancel", "oc", {1, 2}, 2},
-    {"[a]bort / [r]etry / [i]gnore", "ari", {3, 4, 5}, 3},
-    {"[y]es / [n]o / [c]ancel", "ync", {6, 7, 2}, 2},
-    {"[y]es / [n]o", "yn", {6, 7}, 7},
-    {"[r]etry / [c]ancel", "rc", {4, 2}, 2},
+    {"[o]k", "o", {1}},
+    {"[o]k / [c]ancel", "oc", {1, 2}},
+    {"[a]bort / [r]etry / [i]gnore", "ari", {3, 4, 5}},
+    {"[y]es / [n]o / [c]ancel", "ync", {6, 7, 2}},
+    {"[y]es / [n]o", "yn", {6, 7}},
+    {"[r]etry / [c]ancel", "rc", {4, 2}},
 };
 
 }  // namespace
@@ -78,7 +77,7 @@ int TerminalOperator::MessageBox(QMK_HWND, const std::string& text, const std::s
     char line[64];
     if (!std::fgets(line, sizeof line, in_)) {
       std::fprintf(out_, "\n");
-      return set.at_end_of_input;
+      return ClosedBoxAnswer(flags);
     }
     const char* answer = line;
     while (*answer == ' ') ++answer;
