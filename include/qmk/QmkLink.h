@@ -58,6 +58,32 @@ QMK_END_DECLS
 #define QLK_FLUSH_ACCEPT 24
 #define QLK_FLUSH_REJECT 25
 
+/* Tune parameters of QlkSetTuneParams and QlkGetTuneParams. 24, 30, 42 and 56 are passed with
+ * the record as the session argument, the others with 0. */
+#define QLK_TUNE_LEAD_EDGE 1
+#define QLK_TUNE_P2 2
+#define QLK_TUNE_P3 3
+#define QLK_TUNE_P5 5
+#define QLK_TUNE_P7 7
+#define QLK_TUNE_P8 8
+#define QLK_TUNE_READ_LEVEL 24    /* the host's read level plus 1, before image reads */
+#define QLK_TUNE_IMAGE_BYTE 30    /* the host's byte in ScnSetScannerMode, image readers */
+#define QLK_TUNE_SPECTRUM 35      /* 16 at open of plain readers; 16, 32 or -1 later */
+#define QLK_TUNE_PICK_PREPARE 42  /* 1 before every pick */
+#define QLK_TUNE_TWAIN_OPEN 44    /* 1 at the open of family 12 */
+#define QLK_TUNE_READ_MODE 52
+#define QLK_TUNE_IMAGE_PATH 56    /* the host's byte in ScnSetScannerMode, image path */
+
+/* Mode words of QlkModeSet, named by where the library sends them. Open: 13, 11, 0, 20 on the
+ * serial mark readers (families 2 and 5, family 4 models 3 and 4); 28, 0, 0, 0 on the other
+ * family 4 models; 19, 28, 0, 0 on family 3. ScnSetScannerMode on family 3: 19 (or 13 when the
+ * host's flag is set), 28, 0, 20. */
+#define QLK_MODE_SERIAL_FIRST 13
+#define QLK_MODE_SERIAL_SECOND 11
+#define QLK_MODE_PLAIN 28
+#define QLK_MODE_FAMILY3_FIRST 19
+#define QLK_MODE_FOURTH 20
+
 /* Results that the library tells apart. */
 #define QLK_PICK_LAMPS_WARMING (-13)
 

@@ -1,6 +1,8 @@
 // scanner.cpp: the simulated scanner's behaviour.
 #include "scanner.h"
 
+#include "qmk/QmkLink.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -74,10 +76,10 @@ int Scanner::ModeSet(int m1, int m2, int m3, int m4) {
 
 int Scanner::Control(int code) {
   switch (code) {
-    case 22: ready_ = true; break;
-    case 23: ready_ = false; break;
-    case 24: SendOut(true); break;
-    case 25: SendOut(false); break;
+    case QLK_CONTROL_READY: ready_ = true; break;
+    case QLK_CONTROL_STOP: ready_ = false; break;
+    case QLK_CONTROL_ACCEPT: SendOut(true); break;
+    case QLK_CONTROL_REJECT: SendOut(false); break;
     default: break;  // 31 and 34 prepare the PadLot model; nothing to model
   }
   return 0;
@@ -198,8 +200,8 @@ int Scanner::BuildBubbles(int first_row, int columns, int last_row, int) {
 }
 
 int Scanner::Flush(int code) {
-  if (code == 24) SendOut(true);
-  if (code == 25) SendOut(false);
+  if (code == QLK_FLUSH_ACCEPT) SendOut(true);
+  if (code == QLK_FLUSH_REJECT) SendOut(false);
   return 0;
 }
 

@@ -15,14 +15,12 @@ using platform::serial::Parity;
 
 namespace {
 
-int SubmodelOf(const scanner::Features& f) { return QMK_FEAT_SUBMODEL(f.word); }
-
-int Family2TextId(const scanner::Features& f) {
+int Family2TextId(const frame::Features& f) {
   switch (f.model_code()) {
     case 5: return f.image_read() ? 503 : 509;
     case 6: return 510;
     case 7:
-      if (SubmodelOf(f) == 1) return f.image_read() ? 502 : 518;
+      if (f.submodel() == 1) return f.image_read() ? 502 : 518;
       return f.image_read() ? 504 : 511;
     default: return 0;
   }
@@ -43,8 +41,8 @@ Parity ParityOf(int16_t letter) {
 
 }  // namespace
 
-int ScannerNameTextId(const scanner::Features& f) {
-  const int sub = SubmodelOf(f);
+int ScannerNameTextId(const frame::Features& f) {
+  const int sub = static_cast<int>(f.submodel());
   if (f.model_code() == 9) return sub == 0 ? 501 : sub == 1 ? 507 : sub == 2 ? 508 : 0;
   if (f.family() == 2) return Family2TextId(f);
   switch (f.model_code()) {
@@ -60,7 +58,7 @@ int ScannerNameTextId(const scanner::Features& f) {
 }
 
 std::string ScnGetScannerName(const feat_mask& feat, const char* firmware) {
-  const scanner::Features f = scanner::FeaturesOf(feat);
+  const frame::Features f = frame::FeaturesOf(feat);
   std::string name = "UNKNOWN";
   const int id = ScannerNameTextId(f);
   if (id == kTwainName) {
@@ -89,7 +87,7 @@ int ScnTwainGetModel(int model_code, char* name) {
 
 int ScnGetSelfScoreScannerThreshold(const sct_config& cfg, const sct_config_ex& comm,
                                     int held_count) {
-  const scanner::Features f = scanner::FeaturesOf(cfg.feat_mask);
+  const frame::Features f = frame::FeaturesOf(cfg.feat_mask);
   if (f.family() != 2 || f.series() != 1) return kNoThreshold;
   if (f.image_read() || comm.port == QMK_PORT_USB) return kNoThreshold;
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "qmk/QmkScan.h"
-#include "scanner/records.h"
+#include "frame/features.h"
 
 namespace qmk::discovery {
 
@@ -17,7 +17,7 @@ constexpr const char kFirmwareLabel[] = "Firmware Version: ";
 // The text id that names the scanner; 0 when its name stays "UNKNOWN"; kTwainName when the
 // TWAIN model name stands.
 constexpr int kTwainName = -1;
-int ScannerNameTextId(const scanner::Features& f);
+int ScannerNameTextId(const frame::Features& f);
 
 // "UNKNOWN", or the model's name, with "  Firmware Version: <firmware>" for the PadLot model
 // when `firmware` isn't null; at most kNameBytes - 1 characters.

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/timers.h"
-#include "qmk/QmkLink.h"
 #include "toolkit/dialogs/string_table.h"
 
 namespace qmk::frame {
@@ -59,7 +58,8 @@ std::string FormatLampTime(const std::string& format, int seconds) {
   return text;
 }
 
-CScnWaitLampWarmup::CScnWaitLampWarmup(QMK_HWND parent) : parent_(parent) {
+CScnWaitLampWarmup::CScnWaitLampWarmup(QMK_HWND parent, std::function<int()> remaining_seconds)
+    : parent_(parent), remaining_seconds_(std::move(remaining_seconds)) {
   if (!toolkit::LoadString(kLampText, m_strFormat)) m_strFormat = kLampFallback;
   m_nTimerId = platform::SetTimer(1000, [] {
     if (g_current_warmup) g_current_warmup->Tick();
@@ -69,7 +69,7 @@ CScnWaitLampWarmup::CScnWaitLampWarmup(QMK_HWND parent) : parent_(parent) {
   if (m_pDialog) {
     op.EnableWindow(parent, false);
     CentreOver(op, parent, *m_pDialog);
-    const int remaining = QlkRemainingLampWarmUpTime(nullptr);
+    const int remaining = remaining_seconds_();
     if (remaining > 0) ShowRemaining(remaining);
     g_current_warmup = this;
   }
@@ -87,7 +87,7 @@ CScnWaitLampWarmup::~CScnWaitLampWarmup() {
 
 void CScnWaitLampWarmup::Tick() {
   if (!m_nTimerId || !m_pDialog) return;
-  const int remaining = QlkRemainingLampWarmUpTime(nullptr);
+  const int remaining = remaining_seconds_();
   if (remaining <= 0)
     m_pDialog->Show(false);  // the wait's owner ends the wait when it sees the lamps ready
   else

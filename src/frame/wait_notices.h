@@ -1,6 +1,7 @@
 // wait_notices.h: the notices that cover a wait; the object's life is the wait.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,12 +31,13 @@ class CScnWaitInfoMessage {
 
 namespace qmk::frame {
 
-// The lamp warm-up notice of TWAIN scanners: counts the transport's remaining time down once a
-// second, hides at 0 and comes back if time is reported again, and offers Cancel. At most one
-// exists at a time; building it disables the parent, destroying it gives the parent back.
+// The lamp warm-up notice of TWAIN scanners: counts the remaining time down once a second, hides
+// at 0 and comes back if time is reported again, and offers Cancel. At most one exists at a time;
+// building it disables the parent, destroying it gives the parent back. `remaining_seconds` asks
+// the scanner how long its lamps still need.
 class CScnWaitLampWarmup {
  public:
-  explicit CScnWaitLampWarmup(QMK_HWND parent);
+  CScnWaitLampWarmup(QMK_HWND parent, std::function<int()> remaining_seconds);
   virtual ~CScnWaitLampWarmup();
   CScnWaitLampWarmup(const CScnWaitLampWarmup&) = delete;
   CScnWaitLampWarmup& operator=(const CScnWaitLampWarmup&) = delete;
@@ -52,6 +54,7 @@ class CScnWaitLampWarmup {
  private:
   void ShowRemaining(int seconds);
   QMK_HWND parent_;
+  std::function<int()> remaining_seconds_;
 };
 
 // The warm-up object that the timer reaches, or null.

@@ -17,7 +17,7 @@ constexpr int kTooManyMarksText = 4900;
 constexpr int kNoTimingMarksText = 4903;
 
 void SetReadLevel(qlkdata_rec* rec, int read_level) {
-  if (BuildsBubbles(*rec)) QlkSetTuneParams(rec, kTuneReadLevel, read_level + 1);
+  if (BuildsBubbles(*rec)) QlkSetTuneParams(rec, QLK_TUNE_READ_LEVEL, read_level + 1);
 }
 
 // A blank sheet where timing marks are required: reject it and say so.
@@ -52,7 +52,7 @@ int ScanForImage(QMK_HWND parent, qlkdata_rec* rec, sht_desc* desc, int read_lev
 int ScanToDefineFormIds(QMK_HWND parent, qlkdata_rec* rec, sht_desc* desc, int read_level,
                         char* front, char* back, int buffer_size, int front_only, int first_line,
                         int last_line, int stop_on_empty) {
-  QlkSetTuneParams(rec, kTunePickPrepare, 1);
+  QlkSetTuneParams(rec, QLK_TUNE_PICK_PREPARE, 1);
   SetReadLevel(rec, read_level);
   const int read_mode = ReadMode();
   if (PickUntilRead(rec, parent, stop_on_empty != 0) == kPickStopped) return QMK_SCAN_STOPPED;

@@ -40,7 +40,7 @@ int ScanForOMR(QMK_HWND parent, qlkdata_rec* rec, int stop_on_empty, int buffer_
   Zero(front, buffer_size);
   Zero(back, buffer_size);
   for (int* out : {max_cell_front, max_cell_back, omr_length_front, omr_length_back}) Set(out, 0);
-  QlkSetTuneParams(rec, kTunePickPrepare, 1);
+  QlkSetTuneParams(rec, QLK_TUNE_PICK_PREPARE, 1);
   const int read_mode = ReadMode();
   if (PickUntilRead(rec, parent, stop_on_empty != 0) == kPickStopped) return QMK_SCAN_STOPPED;
   // A blank sheet: nothing to hand over, and no accept step.

@@ -38,7 +38,7 @@ Next Decide(const qlkdata_rec& rec, Features feat, int result,
 
 bool RunPickLoop(qlkdata_rec* rec, Features feat, const frame::CScnWaitLampWarmup* warmup) {
   for (;;) {
-    QlkSetTuneParams(rec, kTunePickPrepare, 1);
+    QlkSetTuneParams(rec, QLK_TUNE_PICK_PREPARE, 1);
     const int result = QlkPick(nullptr, 0);
     switch (Decide(*rec, feat, result, warmup)) {
       case Next::kDone: return false;
@@ -63,7 +63,8 @@ int ScnPickSheet(qlkdata_rec* rec, QMK_HWND parent) {
     platform::CurrentClock().SleepMs(kPadLotSettleMs);
   } else {
     QlkControl(nullptr, QLK_CONTROL_READY);
-    if (feat.family() == 12) warmup.emplace(parent);
+    if (feat.family() == 12)
+      warmup.emplace(parent, [] { return QlkRemainingLampWarmUpTime(nullptr); });
   }
   const bool stopped = RunPickLoop(rec, feat, warmup ? &*warmup : nullptr);
   warmup.reset();

@@ -34,13 +34,13 @@ int ScaledTuneP2(int32_t value) {
 
 // The tune parameters of open, in the transport's order; all go with session 0.
 void SendOpenTuneParams(const sct_config& cfg, bool scale_p2) {
-  QlkSetTuneParams(nullptr, 52, 0);
-  QlkSetTuneParams(nullptr, 8, cfg.tune_p8);
-  QlkSetTuneParams(nullptr, 7, cfg.tune_p7);
-  QlkSetTuneParams(nullptr, 5, cfg.tune_p5);
-  QlkSetTuneParams(nullptr, 1, cfg.lead_edge_tol);
-  QlkSetTuneParams(nullptr, 2, scale_p2 ? ScaledTuneP2(cfg.tune_p2) : cfg.tune_p2);
-  QlkSetTuneParams(nullptr, 3, cfg.tune_p3);
+  QlkSetTuneParams(nullptr, QLK_TUNE_READ_MODE, 0);
+  QlkSetTuneParams(nullptr, QLK_TUNE_P8, cfg.tune_p8);
+  QlkSetTuneParams(nullptr, QLK_TUNE_P7, cfg.tune_p7);
+  QlkSetTuneParams(nullptr, QLK_TUNE_P5, cfg.tune_p5);
+  QlkSetTuneParams(nullptr, QLK_TUNE_LEAD_EDGE, cfg.lead_edge_tol);
+  QlkSetTuneParams(nullptr, QLK_TUNE_P2, scale_p2 ? ScaledTuneP2(cfg.tune_p2) : cfg.tune_p2);
+  QlkSetTuneParams(nullptr, QLK_TUNE_P3, cfg.tune_p3);
 }
 
 // The comm set-up; returns 0 or the host's code for the failure.
@@ -62,17 +62,17 @@ int SetUpFamily(Features feat, const sct_config& cfg, const sct_config_ex& comm)
     case 2:
     case 5:
       if (int code = SetUpComm(comm)) return code;
-      QlkModeSet(nullptr, 13, 11, 0, 20);
+      QlkModeSet(nullptr, QLK_MODE_SERIAL_FIRST, QLK_MODE_SERIAL_SECOND, 0, QLK_MODE_FOURTH);
       SetReadyToFeed();
       if (image_read) {
         QlkSetSpectra(nullptr, 16);
         SendOpenTuneParams(cfg, true);
       } else {
-        QlkSetTuneParams(nullptr, 35, 16);
+        QlkSetTuneParams(nullptr, QLK_TUNE_SPECTRUM, 16);
       }
       return 0;
     case 3:
-      QlkModeSet(nullptr, 19, 28, 0, 0);
+      QlkModeSet(nullptr, QLK_MODE_FAMILY3_FIRST, QLK_MODE_PLAIN, 0, 0);
       QlkThickSet(nullptr, 0, 15);
       QlkSetSpectra(nullptr, 16);
       SendOpenTuneParams(cfg, false);
@@ -80,9 +80,9 @@ int SetUpFamily(Features feat, const sct_config& cfg, const sct_config_ex& comm)
     case 4:
       if (feat.model_code() == 3 || feat.model_code() == 4) {
         if (int code = SetUpComm(comm)) return code;
-        QlkModeSet(nullptr, 13, 11, 0, 20);
+        QlkModeSet(nullptr, QLK_MODE_SERIAL_FIRST, QLK_MODE_SERIAL_SECOND, 0, QLK_MODE_FOURTH);
       } else {
-        QlkModeSet(nullptr, 28, 0, 0, 0);
+        QlkModeSet(nullptr, QLK_MODE_PLAIN, 0, 0, 0);
         QlkThickSet(nullptr, 0, 15);
       }
       SetReadyToFeed();
@@ -90,7 +90,7 @@ int SetUpFamily(Features feat, const sct_config& cfg, const sct_config_ex& comm)
     case 12:
       QlkSetSpectra(nullptr, 16);
       SendOpenTuneParams(cfg, false);
-      QlkSetTuneParams(nullptr, 44, 1);
+      QlkSetTuneParams(nullptr, QLK_TUNE_TWAIN_OPEN, 1);
       QlkControl(nullptr, QLK_CONTROL_READY);
       return 0;
     default:
@@ -153,17 +153,18 @@ int SetScannerMode(qlkdata_rec* rec, int spectrum, int mode_flag, int read_mode,
   const int spectrum_value = SpectrumValue(spectrum);
   // Plain mark scanners: the host's other arguments have no effect.
   if (feat.family() != 3 && !feat.image_read()) {
-    QlkSetTuneParams(nullptr, 52, 0);
-    QlkSetTuneParams(nullptr, 35, spectrum_value);
+    QlkSetTuneParams(nullptr, QLK_TUNE_READ_MODE, 0);
+    QlkSetTuneParams(nullptr, QLK_TUNE_SPECTRUM, spectrum_value);
     return 1;
   }
   int first = 0, second = 0;
   const int detected = AdaptiveDetect(detect, &first, &second, 0, 0);
-  if (feat.family() == 3) QlkModeSet(nullptr, mode_flag == 0 ? 19 : 13, 28, 0, 20);
+  if (feat.family() == 3) QlkModeSet(nullptr, mode_flag == 0 ? QLK_MODE_FAMILY3_FIRST : QLK_MODE_SERIAL_FIRST,
+                                    QLK_MODE_PLAIN, 0, QLK_MODE_FOURTH);
   QlkSetSpectra(nullptr, spectrum_value);
-  QlkSetTuneParams(nullptr, 52, read_mode);
-  if (feat.image_read() && feat.series() != 5) QlkSetTuneParams(rec, 30, level);
-  QlkSetTuneParams(rec, 56, level);
+  QlkSetTuneParams(nullptr, QLK_TUNE_READ_MODE, read_mode);
+  if (feat.image_read() && feat.series() != 5) QlkSetTuneParams(rec, QLK_TUNE_IMAGE_BYTE, level);
+  QlkSetTuneParams(rec, QLK_TUNE_IMAGE_PATH, level);
   return detected;
 }
 

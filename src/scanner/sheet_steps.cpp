@@ -12,7 +12,7 @@ namespace qmk::scanner {
 
 int ReadMode() {
   int32_t mode = 0;
-  QlkGetTuneParams(nullptr, kTuneReadMode, &mode, 0, 0);
+  QlkGetTuneParams(nullptr, QLK_TUNE_READ_MODE, &mode, 0, 0);
   return mode;
 }
 

@@ -5,9 +5,6 @@
 
 namespace qmk::scanner {
 
-// The tune parameters that the sheet reads use.
-constexpr int kTuneReadMode = 52, kTunePickPrepare = 42, kTuneReadLevel = 24;
-
 // Reads the transport's read mode (tune parameter 52).
 int ReadMode();
 // Builds both sides' cell bytes from the image data.

@@ -48,7 +48,7 @@ TEST(ScannerName, TableOrderAndFallThroughs) {
            Case{Feat(4, 1, 1), 516}, {Feat(4, 1, 2), 514},
            Case{Feat(5, 11), 517}, {Feat(5, 10), 0}, {Feat(6, 11), 0},
            Case{Feat(12, 12), kTwainName}, {Feat(12, 3), 512}, {Feat(0, 0, 0, 0, 0), 0}})
-    EXPECT_EQ(ScannerNameTextId(scanner::FeaturesOf(c.feat)), c.id)
+    EXPECT_EQ(ScannerNameTextId(frame::FeaturesOf(c.feat)), c.id)
         << c.feat.family << "/" << c.feat.model_code << "/" << c.feat.submodel;
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/wait_notices.h"
+#include "qmk/QmkLink.h"
 #include "platform/timers.h"
 #include "support/sim_fixture.h"
 #include "toolkit/dialogs/string_table.h"
@@ -12,6 +13,8 @@ namespace {
 using ::testing::ElementsAre;
 
 const QMK_HWND kParent = reinterpret_cast<QMK_HWND>(9);
+// What the scanning side gives the notice: the simulated transport's remaining time.
+int Remaining() { return QlkRemainingLampWarmUpTime(nullptr); }
 
 class LampWarmup : public SessionTest {
  protected:
@@ -41,7 +44,7 @@ TEST(LampTime, MinutesAndSecondsWithALeadingZero) {
 TEST_F(LampWarmup, CountsDownOnceASecondAndHidesAtZero) {
   OpenTwain(2);
   {
-    frame::CScnWaitLampWarmup wait(kParent);
+    frame::CScnWaitLampWarmup wait(kParent, Remaining);
     EXPECT_EQ(frame::CurrentLampWarmup(), &wait);
     Second();
     Second();
@@ -60,7 +63,7 @@ TEST_F(LampWarmup, CountsDownOnceASecondAndHidesAtZero) {
 TEST_F(LampWarmup, ReadyLampsShowNothingButTheParentWaitsAllTheSame) {
   OpenTwain(0);
   {
-    frame::CScnWaitLampWarmup wait(kParent);
+    frame::CScnWaitLampWarmup wait(kParent, Remaining);
     EXPECT_FALSE(op_.Enabled(kParent));
   }
   EXPECT_THAT(op_.events(), ElementsAre("notice create \"\" cancel=1", "disable 9",
@@ -69,7 +72,7 @@ TEST_F(LampWarmup, ReadyLampsShowNothingButTheParentWaitsAllTheSame) {
 
 TEST_F(LampWarmup, HiddenNoticeComesBackWhenTimeIsReportedAgain) {
   OpenTwain(0);
-  frame::CScnWaitLampWarmup wait(kParent);
+  frame::CScnWaitLampWarmup wait(kParent, Remaining);
   QlkSimForceResult("QlkRemainingLampWarmUpTime", 75, 1);
   Second();
   EXPECT_EQ(op_.events().back(), "notice show 1");
@@ -79,7 +82,7 @@ TEST_F(LampWarmup, HiddenNoticeComesBackWhenTimeIsReportedAgain) {
 
 TEST_F(LampWarmup, CancelSetsTheFlagAndLeavesTheNoticeUp) {
   OpenTwain(60);
-  frame::CScnWaitLampWarmup wait(kParent);
+  frame::CScnWaitLampWarmup wait(kParent, Remaining);
   op_.PressCancelAfterPumps(1);
   op_.PumpMessages();
   EXPECT_TRUE(wait.Cancelled());
@@ -90,7 +93,7 @@ TEST_F(LampWarmup, CancelSetsTheFlagAndLeavesTheNoticeUp) {
 TEST_F(LampWarmup, FallbackFormatShowsMinutesAsSeconds) {
   toolkit::ScopedStringOverride missing(6, std::nullopt);
   OpenTwain(90);
-  frame::CScnWaitLampWarmup wait(kParent);
+  frame::CScnWaitLampWarmup wait(kParent, Remaining);
   EXPECT_EQ(wait.m_strFormat, "Lamps are warming up.  %d seconds remaining.");
   EXPECT_THAT(op_.events(), ::testing::Contains("notice text \"Lamps are warming up.  1 seconds remaining.\""));
 }
@@ -99,7 +102,7 @@ TEST_F(LampWarmup, NoticeThatCannotBeMadeLeavesTheParentAndStopsTicking) {
   OpenTwain(30);
   op_.FailNextNotice();
   {
-    frame::CScnWaitLampWarmup wait(kParent);
+    frame::CScnWaitLampWarmup wait(kParent, Remaining);
     EXPECT_EQ(frame::CurrentLampWarmup(), nullptr);
     EXPECT_FALSE(wait.Cancelled());
     Second();

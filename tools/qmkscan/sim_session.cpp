@@ -1,6 +1,8 @@
 // sim_session.cpp: configuration records for the simulator, and the journal in readable form.
 #include "sim_session.h"
 
+#include "qmk/QmkLink.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,16 +15,21 @@ namespace {
 
 // What a tune parameter number sets.
 const std::map<int, const char*> kTuneNames = {
-    {1, "lead-edge tolerance"}, {2, "tune parameter 2"}, {3, "tune parameter 3"},
-    {5, "tune parameter 5"},    {7, "tune parameter 7"}, {8, "tune parameter 8"},
-    {24, "read level"},         {30, "image level"},     {35, "spectrum"},
-    {42, "pick preparation"},   {44, "TWAIN preparation"}, {52, "read mode"},
-    {56, "detection level"}};
+    {QLK_TUNE_LEAD_EDGE, "lead-edge tolerance"}, {QLK_TUNE_P2, "tune parameter 2"},
+    {QLK_TUNE_P3, "tune parameter 3"},           {QLK_TUNE_P5, "tune parameter 5"},
+    {QLK_TUNE_P7, "tune parameter 7"},           {QLK_TUNE_P8, "tune parameter 8"},
+    {QLK_TUNE_READ_LEVEL, "read level"},         {QLK_TUNE_IMAGE_BYTE, "image level"},
+    {QLK_TUNE_SPECTRUM, "spectrum"},             {QLK_TUNE_PICK_PREPARE, "pick preparation"},
+    {QLK_TUNE_TWAIN_OPEN, "TWAIN preparation"},  {QLK_TUNE_READ_MODE, "read mode"},
+    {QLK_TUNE_IMAGE_PATH, "detection level"}};
 
 const std::map<int, const char*> kControlNames = {
-    {22, "make the transport ready to feed"}, {23, "stop the transport"},
-    {24, "accept the sheet"}, {25, "reject the sheet"},
-    {31, "prepare the pick"}, {34, "refresh the firmware text"}};
+    {QLK_CONTROL_READY, "make the transport ready to feed"},
+    {QLK_CONTROL_STOP, "stop the transport"},
+    {QLK_CONTROL_ACCEPT, "accept the sheet"},
+    {QLK_CONTROL_REJECT, "reject the sheet"},
+    {QLK_CONTROL_PADLOT_PREPARE, "prepare the pick"},
+    {QLK_CONTROL_PADLOT_FIRMWARE, "refresh the firmware text"}};
 
 const std::map<std::string, const char*> kCallNames = {
     {"QlkOpen", "open the transport"},
