@@ -10,15 +10,13 @@
 #include "frame/module_state_guard.h"
 #include "qmk/QmkLink.h"
 #include "qmk/QmkScan.hpp"
+#include "platform/text.h"
 
 namespace {
 
 // Copies `text` into a caller's buffer, cut to fit and zero-ended.
 void CopyOut(const std::string& text, char* buffer, int size) {
-  if (!buffer || size <= 0) return;
-  const size_t n = std::min(text.size(), static_cast<size_t>(size - 1));
-  std::memcpy(buffer, text.data(), n);
-  buffer[n] = '\0';
+  if (size > 0) qmk::platform::CopyCut(text, buffer, static_cast<size_t>(size));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "platform/local_time.h"
 #include "platform/settings/paths.h"
 #include "qmk/QmkGen.h"
+#include "platform/text.h"
 
 namespace qmk::options {
 namespace {
@@ -52,8 +53,7 @@ std::string GenText(int id) {
 // A month or weekday name as a name field: three letters, in capitals like the rest of the name.
 std::string NameField(int id) {
   std::string s = GenText(id).substr(0, 3);
-  for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return s;
+  return platform::ToUpperAscii(s);
 }
 
 std::string Number(const char* format, int value) {
@@ -170,7 +170,7 @@ bool LoadAutoNameContext(build_data* record) {
 
 bool ExpandAutoNameTemplate(const char* name_template, int16_t sequence, char* out) {
   std::string upper(name_template, strnlen(name_template, kLast));
-  for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  platform::ToUpperAscii(upper);
   const std::string codes = GenText(kCodeTableId);
   const size_t pairs = codes.size() / 2;
 

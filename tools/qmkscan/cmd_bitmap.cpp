@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "toolkit/bitmap/bitmap.h"
 #include "toolkit/bitmap/filter.h"
+#include "platform/text.h"
 
 namespace qmkscan {
 namespace {
@@ -19,13 +20,6 @@ constexpr const char* kUsage =
     "       qmkscan bitmap convert IN OUT [--rle]\n"
     "       qmkscan bitmap scale IN OUT WIDTH HEIGHT [--filter NAME]\n"
     "       qmkscan bitmap filter IN OUT --mono | --hls DH,DL,DS | --alpha D\n";
-
-bool EndsWith(const std::string& s, const std::string& tail) {
-  if (s.size() < tail.size()) return false;
-  for (size_t i = 0; i < tail.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(s[s.size() - tail.size() + i])) != tail[i]) return false;
-  return true;
-}
 
 bool Load(const std::string& path, CExtBitmap& bmp) {
   if (bmp.FromFile(path)) return true;
@@ -49,7 +43,7 @@ bool HasAlpha(const CExtBitmap& bmp) {
 // alpha at all, so it is written opaque.
 bool Save(const CExtBitmap& src, const std::string& path, bool rle) {
   bool ok;
-  if (EndsWith(path, ".png")) {
+  if (qmk::platform::EndsWithNoCase(path, ".png")) {
     CExtBitmap bmp(src);
     qmk::platform::DrawTarget dc(bmp.Width(), bmp.Height());
     const qmk::toolkit::bitmap::Rect all{0, 0, bmp.Width(), bmp.Height()};
@@ -62,12 +56,6 @@ bool Save(const CExtBitmap& src, const std::string& path, bool rle) {
   }
   if (!ok) std::fprintf(stderr, "qmkscan bitmap: cannot write %s\n", path.c_str());
   return ok;
-}
-
-bool ParseInt(const std::string& text, long low, long high, long& out) {
-  char* end = nullptr;
-  out = std::strtol(text.c_str(), &end, 10);
-  return !text.empty() && *end == '\0' && out >= low && out <= high;
 }
 
 bool ParseDeltas(const std::string& text, std::vector<double>& out) {
@@ -133,7 +121,7 @@ int Scale(Args& args) {
     return 2;
   }
   long width = 0, height = 0;
-  if (!ParseInt(args.rest()[3], 1, 32767, width) || !ParseInt(args.rest()[4], 1, 32767, height)) {
+  if (!qmk::platform::ParseBoundedInt(args.rest()[3], 1, 32767, &width) || !qmk::platform::ParseBoundedInt(args.rest()[4], 1, 32767, &height)) {
     std::fprintf(stderr, "qmkscan bitmap scale: WIDTH and HEIGHT are whole numbers from 1 to 32767\n");
     return 2;
   }

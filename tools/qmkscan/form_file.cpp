@@ -1,5 +1,7 @@
 // form_file.cpp: writing and reading form descriptions.
 #include "form_file.h"
+#include "platform/text.h"
+#include "platform/files.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -17,13 +19,7 @@ constexpr int kBack = 0x80;
 std::string Side(int row) { return (row & kBack) ? "back" : "front"; }
 
 bool Number(const std::string& word, long low, long high, long& out) {
-  if (word.empty()) return false;
-  char* end = nullptr;
-  errno = 0;
-  const long v = std::strtol(word.c_str(), &end, 10);
-  if (*end || errno == ERANGE || v < low || v > high) return false;
-  out = v;
-  return true;
+  return qmk::platform::ParseBoundedInt(word, low, high, &out);
 }
 
 // Reads "COL ROW SIDE" into a column and a row with the side's bit.
@@ -92,24 +88,7 @@ bool FormFromText(const std::string& text, sht_desc& desc, std::string& error) {
 }
 
 bool SaveForm(const std::string& path, const sht_desc& desc, std::string& error) {
-  // Written beside the target and renamed, so a failed write never leaves half a description.
-  const std::string temporary = path + ".tmp";
-  {
-    std::ofstream out(temporary, std::ios::trunc);
-    out << FormToText(desc);
-    out.flush();
-    if (!out) {
-      error = "cannot write " + temporary;
-      std::remove(temporary.c_str());
-      return false;
-    }
-  }
-  if (std::rename(temporary.c_str(), path.c_str()) != 0) {
-    error = "cannot write " + path + ": " + std::strerror(errno);
-    std::remove(temporary.c_str());
-    return false;
-  }
-  return true;
+  return qmk::platform::SaveFileAtomically(path, FormToText(desc), error);
 }
 
 bool LoadForm(const std::string& path, sht_desc& desc, std::string& error) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "args.h"
 #include "qmk/QmkScan.h"
 
 namespace qmkscan {
@@ -52,7 +53,7 @@ int DefineForm(const JobOptions& options);
 int ScanBatch(const JobOptions& options, ScanSummary* summary = nullptr);
 
 // Reads the options that scan and define-form share; prints the fault and returns false.
-class Args;
+using Args = qmk::tools::Args;
 bool ReadJobOptions(Args& args, const char* command, JobOptions& options);
 
 }  // namespace qmkscan

@@ -9,8 +9,10 @@
 #include <map>
 #include <optional>
 
+#include "args.h"
 #include "platform/serial/device_map.h"
 #include "platform/serial/termios_port.h"
+#include "platform/text.h"
 #include "serial_scanner_sim.h"
 
 namespace qmk::serialsim {
@@ -30,59 +32,51 @@ struct Parsed {
   int link = 0;
 };
 
-bool Number(const std::string& text, long low, long high, long* value) {
-  char* end = nullptr;
-  errno = 0;
-  *value = std::strtol(text.c_str(), &end, 10);
-  return !text.empty() && *end == '\0' && errno == 0 && *value >= low && *value <= high;
-}
-
 // Reads the options into `parsed`; on a bad one, says why in *error.
-bool Parse(const std::vector<std::string>& args, Parsed* parsed, std::string* error) {
-  std::map<std::string, char> line_fields;
+bool Parse(const std::vector<std::string>& words, Parsed* parsed, std::string* error) {
+  tools::Args args(words, "serial simulator");
   SimConfig& c = parsed->config;
-  for (size_t i = 0; i < args.size(); ++i) {
-    const std::string& opt = args[i];
-    if (opt == "--padlot") { c.padlot = true; continue; }
-    if (opt == "--no-pace") { c.paced = false; continue; }
-    if (i + 1 >= args.size()) { *error = "unknown option or missing value: " + opt; return false; }
-    const std::string& v = args[++i];
-    long n = 0;
-    auto want = [&](bool ok) { if (!ok) *error = "bad value for " + opt + ": \"" + v + "\""; return ok; };
-    if (opt == "--baud") {
-      if (!want(Number(v, 1, 4000000, &n) && platform::serial::SpeedConstant(static_cast<uint32_t>(n)))) return false;
-      c.setting.baud = static_cast<uint32_t>(n);
-    } else if (opt == "--data-bits") {
-      if (!want(Number(v, 7, 8, &n))) return false;
-      c.setting.data_bits = static_cast<int>(n);
-    } else if (opt == "--stop-bits") {
-      if (!want(Number(v, 1, 2, &n))) return false;
-      c.setting.stop_bits = static_cast<int>(n);
-    } else if (opt == "--parity") {
-      if (!want(v == "E" || v == "O" || v == "N")) return false;
-      c.setting.parity = static_cast<Parity>(v[0]);
-    } else if (opt == "--line") {
-      if (!want(v.size() == 50)) return false;
-      c.line = v;
-    } else if (opt == "--speed-digit" || opt == "--group" || opt == "--model" || opt == "--marker" ||
-               opt == "--threshold" || opt == "--options") {
-      if (!want(v.size() == 1)) return false;
-      line_fields[opt] = v[0];
-    } else if (opt == "--fault") {
-      if (!want(ParseFault(v, &c.fault))) return false;
-    } else if (opt == "--gap") {
-      if (!want(Number(v, 0, 10000, &n))) return false;
-      c.split_gap_ms = static_cast<int>(n);
-    } else if (opt == "--pieces") {
-      if (!want(Number(v, 1, 52, &n))) return false;
-      c.split_pieces = static_cast<int>(n);
-    } else if (opt == "--link") {
-      if (!want(Number(v, 1, 255, &n))) return false;
-      parsed->link = static_cast<int>(n);
+  if (args.Flag("padlot")) c.padlot = true;
+  if (args.Flag("no-pace")) c.paced = false;
+  bool ok = true;
+  auto text = [&](const char* name, auto accept, auto store) {
+    const std::optional<std::string> v = args.Option(name);
+    if (!v || !ok) return;
+    if (accept(*v)) {
+      store(*v);
     } else {
-      *error = "unknown option " + opt;
-      return false;
+      *error = std::string("bad value for --") + name + ": \"" + *v + "\"";
+      ok = false;
     }
+  };
+  auto number = [&](const char* name, long low, long high, auto store) {
+    long n = 0;
+    text(name, [&](const std::string& v) { return platform::ParseBoundedInt(v, low, high, &n); },
+         [&](const std::string&) { store(n); });
+  };
+  number("baud", 1, 4000000, [&](long n) { c.setting.baud = static_cast<uint32_t>(n); });
+  if (ok && !platform::serial::SpeedConstant(c.setting.baud)) {
+    *error = "bad value for --baud: " + std::to_string(c.setting.baud);
+    return false;
+  }
+  number("data-bits", 7, 8, [&](long n) { c.setting.data_bits = static_cast<int>(n); });
+  number("stop-bits", 1, 2, [&](long n) { c.setting.stop_bits = static_cast<int>(n); });
+  text("parity", [](const std::string& v) { return v == "E" || v == "O" || v == "N"; },
+       [&](const std::string& v) { c.setting.parity = static_cast<Parity>(v[0]); });
+  text("line", [](const std::string& v) { return v.size() == 50; },
+       [&](const std::string& v) { c.line = v; });
+  std::map<std::string, char> line_fields;
+  for (const char* field : {"speed-digit", "group", "model", "marker", "threshold", "options"})
+    text(field, [](const std::string& v) { return v.size() == 1; },
+         [&](const std::string& v) { line_fields[field] = v[0]; });
+  text("fault", [&](const std::string& v) { return ParseFault(v, &c.fault); }, [](const std::string&) {});
+  number("gap", 0, 10000, [&](long n) { c.split_gap_ms = static_cast<int>(n); });
+  number("pieces", 1, 52, [&](long n) { c.split_pieces = static_cast<int>(n); });
+  number("link", 1, 255, [&](long n) { parsed->link = static_cast<int>(n); });
+  if (!ok) return false;
+  if (!args.rest().empty()) {
+    *error = "unknown option or missing value: " + args.rest().front();
+    return false;
   }
   if (!line_fields.empty()) {
     if (!c.line.empty()) { *error = "--line and the single fields exclude each other"; return false; }
@@ -90,8 +84,8 @@ bool Parse(const std::vector<std::string>& args, Parsed* parsed, std::string* er
       auto it = line_fields.find(name);
       return it == line_fields.end() ? fallback : it->second;
     };
-    c.line = StatusLine(f("--speed-digit", '5'), f("--group", '3'), f("--model", '5'),
-                        f("--marker", '-'), f("--threshold", '7'), f("--options", '8'));
+    c.line = StatusLine(f("speed-digit", '5'), f("group", '3'), f("model", '5'),
+                        f("marker", '-'), f("threshold", '7'), f("options", '8'));
   }
   return true;
 }

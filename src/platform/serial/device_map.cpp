@@ -1,5 +1,7 @@
 // device_map.cpp: COMn names through a folder of symbolic links.
 #include "platform/serial/device_map.h"
+#include "platform/text.h"
+#include "platform/files.h"
 
 #include <cctype>
 #include <cerrno>
@@ -35,8 +37,7 @@ bool IsMapped(const fs::path& folder, int number) {
 
 std::string DeviceMapFolder() {
   if (const char* env = std::getenv("QMK_DEVICE_MAP"); env && *env) return env;
-  const char* home = std::getenv("HOME");
-  return std::string(home && *home ? home : "/tmp") + "/.config/quillmark/devices";
+  return ConfigFolder() + "/quillmark/devices";
 }
 
 int ComNumberOf(const std::string& name) {
@@ -44,8 +45,7 @@ int ComNumberOf(const std::string& name) {
   const bool prefixed = rest.rfind(kDevicePrefix, 0) == 0;
   if (prefixed) rest.erase(0, sizeof kDevicePrefix - 1);
   if (rest.size() < 4 || rest.size() > 6) return 0;
-  for (size_t i = 0; i < 3; ++i)
-    if (std::toupper(static_cast<unsigned char>(rest[i])) != "COM"[i]) return 0;
+  if (!EqualsNoCase(std::string_view(rest).substr(0, 3), "COM")) return 0;
   if (rest[3] == '0') return 0;
   int number = 0;
   for (size_t i = 3; i < rest.size(); ++i) {

@@ -12,17 +12,13 @@
 #include "platform/settings/atomic_file.h"
 #include "platform/settings/names.h"
 #include "platform/settings/paths.h"
+#include "platform/files.h"
 
 namespace qmk::platform {
 namespace {
 
 constexpr char kValuesFile[] = ".values";
 constexpr char kHeader[] = "# quillmark key values: name, type, data\n";
-
-bool IsFolder(const std::string& path) {
-  struct stat st {};
-  return stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
-}
 
 int HexDigit(char c) {
   if (c >= '0' && c <= '9') return c - '0';

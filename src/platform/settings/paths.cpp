@@ -1,28 +1,15 @@
 // paths.cpp: settings folders from the environment, bounded path joins, folder creation.
 #include "platform/settings/paths.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 
+#include "platform/files.h"
+
 namespace qmk::platform {
-namespace {
-
-std::string HomeFolder() {
-  if (const char* home = std::getenv("HOME"); home && *home) return home;
-  if (const passwd* pw = getpwuid(getuid()); pw && pw->pw_dir) return pw->pw_dir;
-  return "/";
-}
-
-bool IsFolder(const std::string& path) {
-  struct stat st {};
-  return stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
-}
-
-}  // namespace
 
 bool PathAppend(std::string& path, const std::string& more) {
   std::string joined;
@@ -57,9 +44,7 @@ std::string CommonDataFolder() {
 }
 
 std::string UserKeyRootFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  const std::string base = config && *config ? config : HomeFolder() + "/.config";
-  return base + "/quillmark/registry";
+  return ConfigFolder() + "/quillmark/registry";
 }
 
 std::string MachineKeyRootFolder() {

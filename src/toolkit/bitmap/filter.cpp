@@ -1,5 +1,6 @@
 // filter.cpp: the thirteen resampling kernels.
 #include "toolkit/bitmap/filter.h"
+#include "platform/text.h"
 
 #include <cmath>
 #include <numbers>
@@ -57,7 +58,7 @@ const char* CExtBitmap::Filter::GetName() const { return IsValid() ? kKernels[m_
 
 int CExtBitmap::Filter::KindFromName(const char* name) {
   for (int k = 0; k < kFilterKindCount; ++k)
-    if (name && strcasecmp(name, kKernels[k].name) == 0) return k;
+    if (name && platform::EqualsNoCase(name, kKernels[k].name)) return k;
   return -1;
 }
 

@@ -4,13 +4,14 @@
 #include <cstring>
 
 #include "toolkit/formula/scanner.h"
+#include "platform/text.h"
 
 namespace qmk::toolkit::formula {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsHexDigit(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
+bool IsHexDigit(char c) { return platform::HexDigitValue(c) >= 0; }
 bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsNameStart(char c) { return IsAsciiLetter(c) || c == '_' || c == '$'; }
 bool IsNameChar(char c) { return IsAsciiLetter(c) || IsDigit(c) || c == '_' || c == '!'; }

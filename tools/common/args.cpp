@@ -1,10 +1,11 @@
 // args.cpp: reading options of the form --name VALUE, --name=VALUE and --flag.
+#include "args.h"
+
 #include <cstdio>
-#include <cstdlib>
 
-#include "commands.h"
+#include "platform/text.h"
 
-namespace qmkscan {
+namespace qmk::tools {
 
 std::optional<std::string> Args::Option(const std::string& name) {
   const std::string flag = "--" + name;
@@ -36,22 +37,27 @@ bool Args::NoUnknownOptions(const char* command) const {
   bool clean = true;
   for (const std::string& w : words_)
     if (w.rfind("--", 0) == 0) {
-      std::fprintf(stderr, "qmkscan %s: unknown option %s\n", command, w.c_str());
+      std::fprintf(stderr, "%s %s: unknown option %s\n", program_.c_str(), command, w.c_str());
       clean = false;
     }
   return clean;
 }
 
-std::optional<long> IntOption(Args& args, const std::string& name, long fallback) {
+std::optional<long> IntOption(Args& args, const std::string& name, long fallback, long low,
+                              long high) {
   const std::optional<std::string> text = args.Option(name);
   if (!text) return fallback;
-  char* end = nullptr;
-  const long value = std::strtol(text->c_str(), &end, 0);
-  if (text->empty() || *end != '\0') {
-    std::fprintf(stderr, "qmkscan: --%s wants a number, not \"%s\"\n", name.c_str(), text->c_str());
+  long value = 0;
+  if (!platform::ParseBoundedInt(*text, low, high, &value, 0)) {
+    if (low == LONG_MIN && high == LONG_MAX)
+      std::fprintf(stderr, "%s: --%s wants a number, not \"%s\"\n", args.program().c_str(),
+                   name.c_str(), text->c_str());
+    else
+      std::fprintf(stderr, "%s: --%s wants a number from %ld to %ld, not \"%s\"\n",
+                   args.program().c_str(), name.c_str(), low, high, text->c_str());
     return std::nullopt;
   }
   return value;
 }
 
-}  // namespace qmkscan
+}  // namespace qmk::tools
