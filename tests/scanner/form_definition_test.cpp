@@ -29,14 +29,15 @@ TEST(ThicknessWindow, EveryRowOfTheTable) {
 
 class DefineForm : public SessionTest {
  protected:
-  int Define(FeatureBits feat, int read_level, bool front_only, bool first, bool last, int mode = 0) {
+  int Define(FeatureBits feat, int read_level, bool front_only, bool first, bool last, int mode = 0,
+             int stop_on_empty = 0) {
     if (QlkSimSessionOpen()) ScnScanTerm(rec_);
     rec_ = OpenReader(feat);
     QlkSetTuneParams(nullptr, 52, mode);
     QlkSimJournalClear();
     front_.assign(QMK_OMR_BYTES, 'Z');
     return ScnScanToDefineFormIds(nullptr, rec_, &desc_, read_level, front_.data(), nullptr,
-                                  QMK_OMR_BYTES, front_only, first, last, 0);
+                                  QMK_OMR_BYTES, front_only, first, last, stop_on_empty);
   }
   Marks Stored() const {
     Marks m;
@@ -136,6 +137,44 @@ TEST_F(DefineForm, EdgeMarksOfOneSideWinTheWholeList) {
   const Marks m = Stored();
   ASSERT_EQ(m.size(), 30u);
   for (const auto& [col, row] : m) EXPECT_EQ(row, 1);
+}
+
+TEST_F(DefineForm, ClippingBranchesWhenBothSidesAreSearched) {
+  const std::string three = " " + Row(30) + "\n " + Row(30) + "\n " + Row(30) + "\n";
+  const std::string middle = " " + Row(0) + "\n " + Row(30) + "\n " + Row(0) + "\n";
+  struct Case {
+    const char* name;
+    std::string front, back;
+    bool first;
+    size_t front_kept, back_kept;
+  };
+  const Case cases[] = {
+      // A full front leaves nothing for the back.
+      {"full front", " " + Row(48) + "\n", " " + Row(5) + "\n", true, 48, 0},
+      // Edge marks on both sides: the edge lists replace both, then the front's 48 take all.
+      {"edges on both", three, " " + Row(10) + "\n " + Row(0) + "\n " + Row(10) + "\n", false, 48, 0},
+      // Edge marks on neither: the full lists stay and the back is cut to what the front leaves.
+      {"edges on neither", middle, middle, false, 30, 18},
+  };
+  for (const Case& c : cases) {
+    QlkSimReset();
+    op_.ClearEvents();
+    LoadBatch("sheet\n front\n" + c.front + " end\n back\n" + c.back + " end\nend\n");
+    EXPECT_EQ(Define({2, 5, 1}, 0, false, c.first, false), 0) << c.name;
+    size_t front = 0, back = 0;
+    for (const auto& [col, row] : Stored()) ++((row & 0x80) ? back : front);
+    EXPECT_EQ(front, c.front_kept) << c.name;
+    EXPECT_EQ(back, c.back_kept) << c.name;
+    EXPECT_EQ(op_.events().size(), 1u) << c.name << ": the reduction is told";
+  }
+}
+
+TEST_F(DefineForm, EmptyHopperStopsQuietlyOnlyWithStopOnEmpty) {
+  EXPECT_EQ(Define({2, 5, 1}, 0, true, false, false, 0, 1), 7);
+  EXPECT_THAT(op_.events(), IsEmpty());
+  op_.QueueAnswer(2);
+  EXPECT_EQ(Define({2, 5, 1}, 0, true, false, false, 0, 0), 7);
+  EXPECT_THAT(op_.events(), ElementsAre("scan errors \"Input hopper empty\""));
 }
 
 TEST_F(DefineForm, FrontOnlyWithoutFrontLinesSearchesTheBack) {
