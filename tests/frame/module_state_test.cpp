@@ -31,6 +31,36 @@ TEST_F(SessionTest, ExportsRestoreTheCallersStateOnSuccessAndFailure) {
       {"open, warning", [&] { QlkSimForceResult("QlkBarSet", -4, 1); ScnScanTerm(good.Open(nullptr)); }, 2},
       {"mode, null record", [] { ScnSetScannerMode(nullptr, 0, 0, 0, 0, 0); }, 1},
       {"close, null record", [] { ScnScanTerm(nullptr); }, 1},
+      {"read OMR, null record", [] { ScnScanForOMR(nullptr, nullptr, 1, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }, 1},
+      {"bar code, null record", [] { char t[4]; ScnReadBarcodeBuffer(nullptr, 4, t); }, 1},
+      {"image, empty hopper", [&] {
+         qlkdata_rec* rec = good.Open(nullptr);
+         sht_desc desc{};
+         ScnScanForImage(nullptr, rec, &desc, 0, nullptr, nullptr, 0, 0);
+         ScnScanToDefineFormIds(nullptr, rec, &desc, 0, nullptr, nullptr, 0, 1, 0, 0, 1);
+         ScnScanTerm(rec);
+       }, 4},
+      {"log", [] { scan_error_log_registry* log = nullptr; char a[8] = "", b[8] = "";
+                   ScnGetScannerErrorLog(log, a, b); ScnResetScannerErrorLog(a, b); }, 2},
+      {"discovery, no port", [] {
+         ScnCheckForNonPadLot(nullptr);
+         ScnIsPadLotScannerPresentOnPort(nullptr);
+         ScnGetSelfScoreScannerThreshold(nullptr, nullptr);
+         char name[64];
+         ScnTwainGetModel(12, name);
+         int a = 0, b = 0, c = 0, d = 0;
+         ScnCheckUSB(&a, &b, &c, &d);
+       }, 5},
+      {"scanner name", [&] { char name[64]; ScnGetScannerNameC(&good.cfg.feat_mask, name, sizeof name, nullptr); }, 1},
+      {"auto name, preview", [] {
+         static build_data record{};
+         std::strcpy(record.autoNameTemplate, "SCAN*S.DAT");
+         char out[QMK_NAME_BYTES];
+         ScnMakeAutoName(nullptr, "", out, &record, 0);
+       }, 1},
+      // Plain table work and record filling enter nothing.
+      {"lead edge default", [] { EXPECT_EQ(ScnGetDefaultLeadEdgeTol(12), 12); }, 0},
+      {"PadLot record filling", [&] { ScnSetCfigWithPadLotInfo(3, &good.cfg, &good.comm); }, 0},
       {"forwarder, show", [] { ScnShowOptionalComponents(); }, 0},
       {"forwarder, count", [] { EXPECT_EQ(ScnOptionalComponentCount(), 0); }, 0},
   };
