@@ -60,6 +60,9 @@ TEST(ProfileDelete, SectionsAndKeysGoWithEveryCopyAndNothingElse) {
             WithBreaks("; comment\n[One]\nB = two\n\n[Two]\nc=3\n[one]\nA=again\n", "\r\n"));
   EXPECT_EQ(DeleteProfileKey(text, "Two", "a"), text);
   EXPECT_EQ(DeleteProfileKey("[S]\nk=1\nk=2\nK=3\n", "S", "k"), "[S]\n");
+  // Empty names are not listed: in a zero-separated list they would end it early.
+  EXPECT_EQ(ListProfileSections("[]\n=1\n[S]\n = 2\nk=3\n"), std::vector<std::string>{"S"});
+  EXPECT_EQ(ListProfileKeys("[S]\n = 2\nk=3\n", "S"), std::vector<std::string>{"k"});
 }
 
 class ProfileEntryTest : public ::testing::Test {

@@ -110,8 +110,10 @@ bool EndsWithBreak(const std::string& text) {
   return !text.empty() && (text.back() == '\n' || text.back() == '\r');
 }
 
-// Appends `name` unless a name equal but for case is there already.
+// Appends `name` unless a name equal but for case is there already. An empty name is left out:
+// in a zero-separated list it would read as the list's end.
 void AddOnce(std::vector<std::string>& names, const std::string& name) {
+  if (name.empty()) return;
   for (const std::string& n : names)
     if (EqualsIgnoringCase(n, name)) return;
   names.push_back(name);
