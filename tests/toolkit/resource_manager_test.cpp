@@ -183,18 +183,7 @@ TEST_F(ResourceManagerTest, RightToLeftTakesCodePageThenDesiredThenUserDefault) 
   }
 }
 
-TEST_F(ResourceManagerTest, LanguageSuffixesMapBothWays) {
-  EXPECT_EQ(LanguageIdOfSuffix("en"), kLangEnglishUs);
-  EXPECT_EQ(LanguageIdOfSuffix("DE"), kGerman);
-  EXPECT_EQ(LanguageIdOfSuffix("pt-br"), 1046);
-  EXPECT_EQ(LanguageIdOfSuffix("pt"), 2070);
-  EXPECT_EQ(LanguageIdOfSuffix("e"), std::nullopt);
-  EXPECT_EQ(LanguageIdOfSuffix(""), std::nullopt);
-  EXPECT_EQ(SuffixOfLanguageId(2052), "zh-CN");
-  EXPECT_EQ(SuffixOfLanguageId(1), "");
-}
-
-// A German locale for the locale information tests.
+// A German locale for the locale information tests: US English but for the facts it overrides.
 class GermanLocale : public platform::Locale {
  public:
   char DecimalSeparator() const override { return ','; }
@@ -374,22 +363,6 @@ TEST_F(ResourceManagerTest, ArchiveFormIsTwelveBytes) {
   EXPECT_FALSE(untouched.Serialize(short_ar));
   EXPECT_TRUE(untouched.IsCustomLangAllowed());
   EXPECT_EQ(untouched.GetLangIdDesired(), kGerman);
-}
-
-TEST_F(ResourceManagerTest, MemoryBufferOwnsAndMovesItsBytes) {
-  CExtResourceMemoryBuffer a;
-  EXPECT_TRUE(a.IsEmpty());
-  ASSERT_TRUE(a.Assign(""));
-  EXPECT_FALSE(a.IsEmpty());  // a loaded empty resource is not "nothing loaded"
-  EXPECT_EQ(a.GetSize(), 0u);
-  ASSERT_TRUE(a.Assign("abc"));
-  CExtResourceMemoryBuffer b(std::move(a));
-  EXPECT_TRUE(a.IsEmpty());
-  EXPECT_EQ(b.View(), "abc");
-  a = std::move(b);
-  EXPECT_EQ(a.View(), "abc");
-  a.Empty();
-  EXPECT_EQ(a.GetSize(), 0u);
 }
 
 TEST_F(ResourceManagerTest, RegisteredModulesFreedOnlyWhenAskedTo) {
