@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/archive.h"
+#include "toolkit/bitmap/bitmap.h"
 #include "toolkit/dialogs/builtin_resources.h"
 #include "toolkit/dialogs/locale_info.h"
 #include "toolkit/dialogs/resource_manager_holder.h"
@@ -363,6 +364,25 @@ TEST_F(ResourceManagerTest, ArchiveFormIsTwelveBytes) {
   EXPECT_FALSE(untouched.Serialize(short_ar));
   EXPECT_TRUE(untouched.IsCustomLangAllowed());
   EXPECT_EQ(untouched.GetLangIdDesired(), kGerman);
+}
+
+TEST_F(ResourceManagerTest, BitmapResourcesAreReadWithoutAFileHeader) {
+  // A 2x1 24-bit picture: the 40-byte header, then one row of two pixels padded to 8 bytes.
+  const uint8_t dib[] = {40, 0, 0, 0, 2, 0, 0, 0, 1, 0, 0, 0, 1, 0, 24, 0, 0, 0, 0, 0, 8, 0, 0, 0,
+                         0,  0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                         0x10, 0x20, 0x30, 0x40, 0x50, 0x60, 0, 0};
+  ResourceTable module;
+  module.AddCopy(kResourceTypeBitmap, "CHECK", kLangEnglishUs,
+                 std::string(reinterpret_cast<const char*>(dib), sizeof dib));
+  SetFrameworkResourceModule(&module);
+  bitmap::CExtBitmap picture;
+  ASSERT_TRUE(CExtResourceManager().LoadBitmap("check", picture));
+  EXPECT_EQ(picture.Width(), 2);
+  bitmap::RGBQUAD pixel;
+  ASSERT_TRUE(picture.GetPixel(1, 0, pixel));
+  EXPECT_EQ(pixel.rgbBlue, 0x40);
+  EXPECT_EQ(pixel.rgbRed, 0x60);
+  EXPECT_FALSE(CExtResourceManager().LoadBitmap("other", picture));
 }
 
 TEST_F(ResourceManagerTest, RegisteredModulesFreedOnlyWhenAskedTo) {
