@@ -43,7 +43,7 @@ TEST(VarCmp, MixedTypes) {
            {Variant::Bool(true), Variant::Str("True"), 0, VARCMP_LT},
            {Variant::Str("abc"), Variant::Str("abd"), 0, VARCMP_LT},
            {Variant::Str("abc"), Variant::Str("ab"), 0, VARCMP_GT},
-           {Variant::Str("ABC"), Variant::Str("abc"), 0, VARCMP_LT},
+           {Variant::Str("ABC"), Variant::Str("abc"), 0, VARCMP_GT},
            {Variant::Str("ABC"), Variant::Str("abc"), NORM_IGNORECASE, VARCMP_EQ},
            {Variant::Null(), Variant::I4(1), 0, VARCMP_NULL},
            {Variant::Str("x"), Variant::Null(), 0, VARCMP_NULL},

@@ -1,5 +1,5 @@
-// cmd_settings.cpp: qmkscan settings get|set|list: reads and writes the settings store, so that
-// an installer can inspect and seed it.
+// cmd_settings.cpp: qmkscan settings get|set|list (and, in INI files, sections|keys|delete):
+// reads and writes the settings store, so that an installer can inspect and seed it.
 #include <cstdio>
 #include <string>
 
@@ -39,6 +39,18 @@ void ListKey(const KeyHandle& key, const std::string& path, KeyRoot root, int de
   }
 }
 
+// Prints the names of a zero-separated list read with the profile's listing rules.
+void PrintNameList(const char* section, const std::string& path) {
+  std::string buffer(kShownBytes, '\0');
+  const size_t n = qmk::platform::ReadProfileEntry(section, nullptr, "", buffer.data(),
+                                                  buffer.size(), path);
+  for (size_t at = 0; at < n;) {
+    const std::string name(buffer.c_str() + at);
+    std::printf("%s\n", name.c_str());
+    at += name.size() + 1;
+  }
+}
+
 int IniCommand(const std::string& verb, const std::string& ini, const std::vector<std::string>& w) {
   const std::string path = qmk::options::ResolveIniPath(ini);
   if (path.empty()) {
@@ -66,7 +78,23 @@ int IniCommand(const std::string& verb, const std::string& ini, const std::vecto
     std::fclose(f);
     return 0;
   }
-  std::fprintf(stderr, "qmkscan settings --ini NAME: get SECTION KEY | set SECTION KEY VALUE | list\n");
+  if (verb == "sections" && w.empty()) {
+    PrintNameList(nullptr, path);
+    return 0;
+  }
+  if (verb == "keys" && w.size() == 1) {
+    PrintNameList(w[0].c_str(), path);
+    return 0;
+  }
+  if (verb == "delete" && (w.size() == 1 || w.size() == 2)) {
+    if (qmk::platform::WriteProfileEntry(w[0].c_str(), w.size() == 2 ? w[1].c_str() : nullptr,
+                                         nullptr, path))
+      return 0;
+    std::fprintf(stderr, "qmkscan settings: could not change %s\n", path.c_str());
+    return 1;
+  }
+  std::fprintf(stderr, "qmkscan settings --ini NAME: get SECTION KEY | set SECTION KEY VALUE | "
+               "list | sections | keys SECTION | delete SECTION [KEY]\n");
   return 2;
 }
 

@@ -110,17 +110,17 @@ HRESULT ToText(const Variant& v, const Reading& r, const Locale& locale, Variant
   return DISP_E_TYPEMISMATCH;
 }
 
+// The whole text is the word, in any letter case; blanks around it make it another text.
 bool TextIsWord(const std::string& text, const std::string& word) {
-  size_t b = 0, e = text.size();
-  while (b < e && std::isspace(static_cast<unsigned char>(text[b]))) ++b;
-  while (e > b && std::isspace(static_cast<unsigned char>(text[e - 1]))) --e;
-  if (e - b != word.size() || word.empty()) return false;
+  if (text.size() != word.size() || word.empty()) return false;
   for (size_t i = 0; i < word.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(text[b + i])) != std::tolower(static_cast<unsigned char>(word[i])))
+    if (std::tolower(static_cast<unsigned char>(text[i])) != std::tolower(static_cast<unsigned char>(word[i])))
       return false;
   return true;
 }
 
+// Text is a boolean when it is the locale's word or the English one, or a number. "#TRUE#" and
+// other "#...#" literal forms are not booleans.
 HRESULT ToBool(const Variant& v, const Reading& r, const Locale& locale, Variant& out) {
   switch (r.kind) {
     case Reading::kEmpty: out = Variant::Bool(false); return S_OK;
@@ -130,11 +130,11 @@ HRESULT ToBool(const Variant& v, const Reading& r, const Locale& locale, Variant
     case Reading::kText: break;
   }
   const std::string& text = v.StringValue();
-  if (TextIsWord(text, locale.TrueName()) || TextIsWord(text, "True") || TextIsWord(text, "#TRUE#")) {
+  if (TextIsWord(text, locale.TrueName()) || TextIsWord(text, "True")) {
     out = Variant::Bool(true);
     return S_OK;
   }
-  if (TextIsWord(text, locale.FalseName()) || TextIsWord(text, "False") || TextIsWord(text, "#FALSE#")) {
+  if (TextIsWord(text, locale.FalseName()) || TextIsWord(text, "False")) {
     out = Variant::Bool(false);
     return S_OK;
   }

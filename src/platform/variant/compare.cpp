@@ -1,6 +1,7 @@
 // compare.cpp: VarCmp across mixed types.
 #include <cctype>
 #include <cmath>
+#include <cstdint>
 
 #include "platform/variant/change_type.h"
 #include "platform/variant/exact_number.h"
@@ -10,17 +11,32 @@ namespace {
 
 HRESULT Order(int sign) { return sign < 0 ? VARCMP_LT : sign > 0 ? VARCMP_GT : VARCMP_EQ; }
 
+// Where a byte sorts when texts are compared as the platform's string order does for US English:
+// punctuation and symbols first, then digits, then letters alphabetically, then other bytes.
+int Weight(unsigned char c) {
+  if (std::isalpha(c)) return 0x300 + std::tolower(c);
+  if (std::isdigit(c)) return 0x200 + c;
+  if (c < 0x80) return 0x100 + c;
+  return 0x400 + c;
+}
+
+// Texts compare letter by letter without regard to case first; only texts that are equal so
+// differ by case, at the first letter whose case differs, lower case first ("abc" < "ABC" <
+// "abd"). Ignoring case, that last step is left out.
 int CompareText(const std::string& a, const std::string& b, bool ignore_case) {
   const size_t n = std::min(a.size(), b.size());
   for (size_t i = 0; i < n; ++i) {
-    int x = static_cast<unsigned char>(a[i]), y = static_cast<unsigned char>(b[i]);
-    if (ignore_case) {
-      x = std::tolower(x);
-      y = std::tolower(y);
-    }
+    const int x = Weight(static_cast<unsigned char>(a[i])), y = Weight(static_cast<unsigned char>(b[i]));
     if (x != y) return x < y ? -1 : 1;
   }
-  return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+  if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
+  if (ignore_case) return 0;
+  for (size_t i = 0; i < n; ++i) {
+    const bool x_lower = std::islower(static_cast<unsigned char>(a[i])) != 0;
+    const bool y_lower = std::islower(static_cast<unsigned char>(b[i])) != 0;
+    if (x_lower != y_lower) return x_lower ? -1 : 1;
+  }
+  return 0;
 }
 
 bool IsReal(VarType vt) { return vt == VT_R4 || vt == VT_R8 || vt == VT_DATE; }
@@ -95,7 +111,18 @@ HRESULT VarCmp(const Variant& left, const Variant& right, unsigned flags) {
       return Order(CompareText(left.StringValue(), right.StringValue(), (flags & NORM_IGNORECASE) != 0));
     return ltext ? VARCMP_GT : VARCMP_LT;
   }
+  // A single beside a double or a date: both at the single's precision.
+  if ((l == VT_R4 && (r == VT_R8 || r == VT_DATE)) || (r == VT_R4 && (l == VT_R8 || l == VT_DATE)))
+    return Order(CompareDouble(static_cast<float>(AsDouble(left)), static_cast<float>(AsDouble(right))));
   if (IsReal(l) || IsReal(r)) return Order(CompareDouble(AsDouble(left), AsDouble(right)));
+  // Signed and unsigned 32-bit integers meet as signed 32-bit ones: an unsigned value above the
+  // signed range can't be brought over, and the comparison fails with an overflow.
+  const auto is_signed32 = [](VarType vt) { return vt == VT_I4 || vt == VT_INT; };
+  const auto is_unsigned32 = [](VarType vt) { return vt == VT_UI4 || vt == VT_UINT; };
+  if ((is_signed32(l) && is_unsigned32(r)) || (is_unsigned32(l) && is_signed32(r))) {
+    const Variant& unsigned_side = is_unsigned32(l) ? left : right;
+    if (unsigned_side.UnsignedValue() > static_cast<uint64_t>(INT32_MAX)) return DISP_E_OVERFLOW;
+  }
   return Order(CompareExact(AsExact(left), AsExact(right)));
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <utility>
 #include <vector>
 
 namespace qmk::platform {
@@ -55,18 +56,18 @@ bool EqualsIgnoringCase(const std::string& a, const std::string& b) {
   return true;
 }
 
+// One number of a date text and what follows it.
 struct NumberToken {
-  int value;
-  int length;  // digits written
+  int value = 0;
+  int length = 0;             // digits written
+  bool time_after = false;    // a time separator follows: the number is an hour or minute
+  int half = 0;               // 1 for AM, 2 for PM written after it
 };
 
-// The pieces of a date text: numbers of the date, a month given by name, the time.
+// The pieces of a date text: its numbers in order and a month given by name.
 struct DateText {
   std::vector<NumberToken> numbers;
   int month_by_name = 0;
-  bool has_time = false;
-  int hour = 0, minute = 0, second = 0;
-  int half = 0;  // 1 for AM, 2 for PM
 };
 
 int ExpandYear(const NumberToken& n) {
@@ -74,62 +75,167 @@ int ExpandYear(const NumberToken& n) {
   return n.value;
 }
 
+// "AM", "PM" and their first letters, and the locale's designators.
+int HalfOfDay(const std::string& word, const Locale& locale) {
+  if (EqualsIgnoringCase(word, locale.AmDesignator()) || EqualsIgnoringCase(word, "AM") ||
+      EqualsIgnoringCase(word, "A"))
+    return 1;
+  if (EqualsIgnoringCase(word, locale.PmDesignator()) || EqualsIgnoringCase(word, "PM") ||
+      EqualsIgnoringCase(word, "P"))
+    return 2;
+  return 0;
+}
+
+int MonthOfName(const std::string& word, const Locale& locale) {
+  for (int m = 1; m <= 12; ++m)
+    if (EqualsIgnoringCase(word, locale.MonthName(m, false)) || EqualsIgnoringCase(word, locale.MonthName(m, true)))
+      return m;
+  return 0;
+}
+
+// Splits the text into numbers, separators, a month name and AM/PM. A "." is a date separator
+// where the locale writes dates with dots, and a time separator everywhere else: in US English
+// "1.30" is half past one. A separator needs something before and after it.
 bool Tokenize(const std::string& text, const Locale& locale, DateText& out) {
   size_t i = 0;
   const size_t size = text.size();
-  const auto read_number = [&](NumberToken& n) {
-    n = {0, 0};
-    while (i < size && std::isdigit(static_cast<unsigned char>(text[i]))) {
-      if (n.length >= 5) return false;
-      n.value = n.value * 10 + (text[i++] - '0');
-      ++n.length;
-    }
-    return n.length > 0;
-  };
+  const char date_separator = locale.DateSeparator();
   const char time_separator = locale.TimeSeparator();
+  bool anything = false;  // a number or a month name has been read
+  int date_separators = 0;
+  const auto more_follows = [&] { return i + 1 < size; };
   while (i < size) {
-    const unsigned char c = static_cast<unsigned char>(text[i]);
-    if (std::isspace(c) || c == ',' || c == '/' || c == '-' || c == '.' || c == static_cast<unsigned char>(locale.DateSeparator())) {
-      ++i;
-    } else if (std::isdigit(c)) {
+    const char c = text[i];
+    const unsigned char u = static_cast<unsigned char>(c);
+    if (std::isdigit(u)) {
       NumberToken n;
-      if (!read_number(n)) return false;
-      if (i < size && (text[i] == ':' || text[i] == time_separator)) {
-        if (out.has_time) return false;
-        out.has_time = true;
-        out.hour = n.value;
-        ++i;
-        NumberToken part;
-        if (!read_number(part)) return false;
-        out.minute = part.value;
-        if (i < size && (text[i] == ':' || text[i] == time_separator)) {
-          ++i;
-          if (!read_number(part)) return false;
-          out.second = part.value;
-        }
-      } else {
-        out.numbers.push_back(n);
+      for (; i < size && std::isdigit(static_cast<unsigned char>(text[i])); ++i) {
+        if (++n.length > 9) return false;
+        n.value = n.value * 10 + (text[i] - '0');
       }
-    } else if (std::isalpha(c)) {
+      out.numbers.push_back(n);
+      anything = true;
+      continue;
+    }
+    if (std::isalpha(u)) {
       const size_t start = i;
       while (i < size && std::isalpha(static_cast<unsigned char>(text[i]))) ++i;
       const std::string word = text.substr(start, i - start);
-      int month = 0;
-      for (int m = 1; m <= 12 && month == 0; ++m)
-        if (EqualsIgnoringCase(word, locale.MonthName(m, false)) || EqualsIgnoringCase(word, locale.MonthName(m, true)))
-          month = m;
-      if (month != 0 && out.month_by_name == 0) out.month_by_name = month;
-      else if (out.half == 0 && (EqualsIgnoringCase(word, locale.AmDesignator()) || EqualsIgnoringCase(word, "AM"))) out.half = 1;
-      else if (out.half == 0 && (EqualsIgnoringCase(word, locale.PmDesignator()) || EqualsIgnoringCase(word, "PM"))) out.half = 2;
-      else return false;
-    } else {
+      if (const int half = HalfOfDay(word, locale)) {
+        if (out.numbers.empty() || out.numbers.back().half != 0) return false;
+        out.numbers.back().half = half;
+      } else if (const int month = MonthOfName(word, locale); month != 0 && out.month_by_name == 0) {
+        out.month_by_name = month;
+        anything = true;
+      } else {
+        return false;
+      }
+      continue;
+    }
+    const bool is_time_separator = c == ':' || c == time_separator || (c == '.' && date_separator != '.');
+    const bool is_date_separator = !is_time_separator && (c == '/' || c == '-' || c == '.' || c == date_separator);
+    if (is_time_separator) {
+      if (out.numbers.empty() || !more_follows() || out.numbers.back().time_after) return false;
+      out.numbers.back().time_after = true;
+    } else if (is_date_separator) {
+      if (!anything || !more_follows() || ++date_separators > 2) return false;
+    } else if (c == ',') {
+      if (!more_follows()) return false;
+    } else if (!std::isspace(u)) {
       return false;
     }
+    ++i;
   }
   return true;
 }
 
-// Year, month and day from the numbers of a date text; false when they make no date.
+// The time of day in the text: "h:mm", "h:mm:ss" (or with dots in US English), or a lone hour
+// with AM or PM. The numbers it takes are removed. False for two times or a broken one.
+bool TakeTime(std::vector<NumberToken>& numbers, DateFields& f) {
+  bool found = false;
+  std::vector<NumberToken> rest;
+  for (size_t k = 0; k < numbers.size(); ++k) {
+    const NumberToken& first = numbers[k];
+    if (!first.time_after && first.half == 0) {
+      rest.push_back(first);
+      continue;
+    }
+    if (found) return false;
+    found = true;
+    int parts[3] = {first.value, 0, 0};
+    int half = first.half;
+    size_t count = 1;
+    while (numbers[k].time_after) {
+      if (k + 1 >= numbers.size() || count == 3 || half != 0) return false;
+      ++k;
+      parts[count++] = numbers[k].value;
+      half = numbers[k].half;
+    }
+    int hour = parts[0];
+    // AM and PM turn 12 into 0 and add 12 to the afternoon; hour 0 takes them too, and an hour
+    // above 12 keeps its value whatever follows it.
+    if (half == 1 && hour == 12) hour = 0;
+    if (half == 2 && hour < 12) hour += 12;
+    f.hour = hour;
+    f.minute = parts[1];
+    f.second = parts[2];
+  }
+  numbers.swap(rest);
+  return true;
+}
+
+// The orders in which three numbers are tried: the locale's first, then these.
+enum Order { kMDY, kYMD, kYDM, kDMY, kMYD, kDYM };
+constexpr Order kFallbackOrders[] = {kMDY, kYMD, kYDM, kDMY, kMYD, kDYM};
+
+bool TryOrder(Order order, const std::vector<NumberToken>& n, int& year, int& month, int& day) {
+  static constexpr int kPlaces[6][3] = {// positions of year, month, day
+                                        {2, 0, 1}, {0, 1, 2}, {0, 2, 1}, {2, 1, 0}, {1, 0, 2}, {1, 2, 0}};
+  const int* p = kPlaces[order];
+  year = ExpandYear(n[static_cast<size_t>(p[0])]);
+  month = n[static_cast<size_t>(p[1])].value;
+  day = n[static_cast<size_t>(p[2])].value;
+  return IsValidDay(year, month, day);
+}
+
+Order LocaleOrder(const Locale& locale) {
+  switch (locale.GetDateOrder()) {
+    case DateOrder::kDayMonthYear: return kDMY;
+    case DateOrder::kYearMonthDay: return kYMD;
+    case DateOrder::kMonthDayYear: break;
+  }
+  return kMDY;
+}
+
+// Two numbers: month and day of this year in the locale's order, then the other order, then
+// month and year, then year and month (the first day of that month).
+bool TwoNumbers(const std::vector<NumberToken>& n, const Locale& locale, int& year, int& month, int& day) {
+  const bool day_first = locale.GetDateOrder() == DateOrder::kDayMonthYear;
+  const NumberToken& a = n[0];
+  const NumberToken& b = n[1];
+  const int this_year = CurrentYear();
+  const int orders[2][2] = {{day_first ? b.value : a.value, day_first ? a.value : b.value},
+                            {day_first ? a.value : b.value, day_first ? b.value : a.value}};
+  for (const auto& md : orders) {
+    if (IsValidDay(this_year, md[0], md[1])) {
+      year = this_year;
+      month = md[0];
+      day = md[1];
+      return true;
+    }
+  }
+  for (const auto& [m, y] : {std::pair{a, b}, std::pair{b, a}}) {
+    if (IsValidDay(ExpandYear(y), m.value, 1)) {
+      year = ExpandYear(y);
+      month = m.value;
+      day = 1;
+      return true;
+    }
+  }
+  return false;
+}
+
+// Year, month and day from the numbers left once the time is taken; false when they make no date.
 bool AssembleDay(const DateText& t, const Locale& locale, int& year, int& month, int& day) {
   const std::vector<NumberToken>& n = t.numbers;
   const auto is_year = [](const NumberToken& x) { return x.length >= 3 || x.value > 31; };
@@ -152,40 +258,11 @@ bool AssembleDay(const DateText& t, const Locale& locale, int& year, int& month,
     }
     return IsValidDay(year, month, day);
   }
-  if (n.size() == 3) {
-    if (n[0].length >= 3) {  // ISO order
-      year = n[0].value;
-      month = n[1].value;
-      day = n[2].value;
-      return IsValidDay(year, month, day);
-    }
-    const DateOrder order = locale.GetDateOrder();
-    const int a = n[0].value, b = n[1].value;
-    year = ExpandYear(order == DateOrder::kYearMonthDay ? n[0] : n[2]);
-    if (order == DateOrder::kYearMonthDay) {
-      month = b;
-      day = n[2].value;
-    } else {
-      month = order == DateOrder::kMonthDayYear ? a : b;
-      day = order == DateOrder::kMonthDayYear ? b : a;
-    }
-    if (IsValidDay(year, month, day)) return true;
-    std::swap(month, day);  // "13/1/2020" in month-first order is read day first
-    return IsValidDay(year, month, day);
-  }
-  if (n.size() == 2) {
-    if (is_year(n[1])) {  // month and year
-      month = n[0].value;
-      year = ExpandYear(n[1]);
-      day = 1;
-    } else {
-      year = CurrentYear();
-      const bool day_first = locale.GetDateOrder() == DateOrder::kDayMonthYear;
-      month = day_first ? n[1].value : n[0].value;
-      day = day_first ? n[0].value : n[1].value;
-    }
-    return IsValidDay(year, month, day);
-  }
+  if (n.size() == 2) return TwoNumbers(n, locale, year, month, day);
+  if (n.size() != 3) return false;
+  if (TryOrder(LocaleOrder(locale), n, year, month, day)) return true;
+  for (Order order : kFallbackOrders)
+    if (TryOrder(order, n, year, month, day)) return true;
   return false;
 }
 
@@ -270,22 +347,9 @@ bool FormatDate(double date, const Locale& locale, std::string& text) {
 bool ParseDate(const std::string& text, const Locale& locale, double& date) {
   DateText t;
   if (!Tokenize(text, locale, t)) return false;
-  if (t.numbers.empty() && t.month_by_name == 0 && !t.has_time) return false;
-  if (t.half != 0 && !t.has_time) {
-    // "3 PM": the last number is the hour.
-    if (t.numbers.empty()) return false;
-    t.has_time = true;
-    t.hour = t.numbers.back().value;
-    t.numbers.pop_back();
-  }
+  if (t.numbers.empty() && t.month_by_name == 0) return false;
   DateFields f;
-  f.hour = t.hour;
-  f.minute = t.minute;
-  f.second = t.second;
-  if (t.half != 0) {
-    if (f.hour < 1 || f.hour > 12) return false;
-    f.hour = f.hour % 12 + (t.half == 2 ? 12 : 0);
-  }
+  if (!TakeTime(t.numbers, f)) return false;
   if (!t.numbers.empty() || t.month_by_name != 0) {
     if (!AssembleDay(t, locale, f.year, f.month, f.day)) return false;
   }

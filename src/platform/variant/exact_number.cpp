@@ -171,29 +171,38 @@ std::string ExactNumber::ToText(const Locale& locale) const {
 }
 
 bool ParseNumberText(const std::string& text, const Locale& locale, ExactNumber& out) {
+  return ParseNumber(text, NUMPRS_STD, locale, out);
+}
+
+bool ParseNumber(const std::string& text, unsigned flags, const Locale& locale, ExactNumber& out) {
   ExactNumber n;
   size_t i = 0;
   const size_t size = text.size();
-  const auto skip_blanks = [&] {
+  const auto skip_blanks = [&](unsigned flag) {
+    if (!(flags & flag)) return;
     while (i < size && std::isspace(static_cast<unsigned char>(text[i]))) ++i;
   };
   const std::string currency = locale.CurrencySymbol();
-  const auto skip_currency = [&] {
-    if (StartsWith(text, i, currency)) {
+  const auto skip_currency = [&](unsigned blanks_flag) {
+    if ((flags & NUMPRS_CURRENCY) && StartsWith(text, i, currency)) {
       i += currency.size();
-      skip_blanks();
+      skip_blanks(blanks_flag);
     }
   };
-  skip_blanks();
-  skip_currency();
-  bool parens = false;
-  if (i < size && (text[i] == '+' || text[i] == '-')) n.negative = text[i++] == '-';
-  else if (i < size && text[i] == '(') {
+  skip_blanks(NUMPRS_LEADING_WHITE);
+  skip_currency(NUMPRS_LEADING_WHITE);
+  bool parens = false, signed_in_front = false;
+  if (i < size && ((text[i] == '+' && (flags & NUMPRS_LEADING_PLUS)) ||
+                   (text[i] == '-' && (flags & NUMPRS_LEADING_MINUS)))) {
+    n.negative = text[i++] == '-';
+    signed_in_front = true;
+  } else if (i < size && text[i] == '(' && (flags & NUMPRS_PARENS)) {
     ++i;
     parens = n.negative = true;
   }
-  skip_currency();
-  if (i + 1 < size && text[i] == '&' && std::strchr("HhOo", text[i + 1]) != nullptr) {
+  skip_currency(NUMPRS_LEADING_WHITE);
+  if ((flags & NUMPRS_HEX_OCT) && i + 1 < size && text[i] == '&' &&
+      std::strchr("HhOo", text[i + 1]) != nullptr) {
     const int base = (text[i + 1] == 'H' || text[i + 1] == 'h') ? 16 : 8;
     i += 2;
     unsigned __int128 value = 0;
@@ -217,11 +226,12 @@ bool ParseNumberText(const std::string& text, const Locale& locale, ExactNumber&
       if (std::isdigit(static_cast<unsigned char>(text[i]))) {
         n.digits += text[i];
         any_digit = true;
-      } else if (!(any_digit && thousands != '\0' && text[i] == thousands)) {
+      } else if (!(any_digit && (flags & NUMPRS_THOUSANDS) && thousands != '\0' &&
+                   text[i] == thousands)) {
         break;
       }
     }
-    if (i < size && text[i] == locale.DecimalSeparator()) {
+    if ((flags & NUMPRS_DECIMAL) && i < size && text[i] == locale.DecimalSeparator()) {
       for (++i; i < size && std::isdigit(static_cast<unsigned char>(text[i])); ++i) {
         n.digits += text[i];
         --n.exponent;
@@ -229,7 +239,7 @@ bool ParseNumberText(const std::string& text, const Locale& locale, ExactNumber&
       }
     }
     if (!any_digit) return false;
-    if (i < size && (text[i] == 'e' || text[i] == 'E')) {
+    if ((flags & NUMPRS_EXPONENT) && i < size && (text[i] == 'e' || text[i] == 'E')) {
       ++i;
       bool minus = false;
       if (i < size && (text[i] == '+' || text[i] == '-')) minus = text[i++] == '-';
@@ -243,25 +253,81 @@ bool ParseNumberText(const std::string& text, const Locale& locale, ExactNumber&
     n.Normalize();
     n.negative = negative && !n.IsZero();
   }
-  skip_blanks();
-  skip_currency();
+  skip_blanks(NUMPRS_TRAILING_WHITE);
+  skip_currency(NUMPRS_TRAILING_WHITE);
+  // A sign may follow the number ("5-") when nothing in front gave one.
+  if (!signed_in_front && !parens && i < size &&
+      ((text[i] == '+' && (flags & NUMPRS_TRAILING_PLUS)) ||
+       (text[i] == '-' && (flags & NUMPRS_TRAILING_MINUS)))) {
+    n.negative = text[i++] == '-' && !n.IsZero();
+    skip_blanks(NUMPRS_TRAILING_WHITE);
+  }
   if (parens) {
     if (i >= size || text[i] != ')') return false;
     ++i;
-    skip_blanks();
+    skip_blanks(NUMPRS_TRAILING_WHITE);
   }
   if (i != size) return false;
   out = n;
   return true;
 }
 
+namespace {
+
+// The first `precision` significant digits of |value| with ties rounded away from zero, and the
+// power of ten of the first digit. The expansion printed at 60 digits is exact enough to tell a
+// true tie: a double is never that close to a tie without being on it.
+void RoundedDigits(double value, int precision, std::string& digits, int& exponent) {
+  char buffer[96];
+  std::snprintf(buffer, sizeof buffer, "%.60e", std::fabs(value));
+  std::string all;
+  const char* p = buffer;
+  for (; *p && *p != 'e'; ++p)
+    if (std::isdigit(static_cast<unsigned char>(*p))) all += *p;
+  exponent = *p == 'e' ? std::atoi(p + 1) : 0;
+  digits = all.substr(0, static_cast<size_t>(precision));
+  if (all[static_cast<size_t>(precision)] >= '5') {
+    int k = precision - 1;
+    for (; k >= 0 && digits[static_cast<size_t>(k)] == '9'; --k) digits[static_cast<size_t>(k)] = '0';
+    if (k < 0) {
+      digits.insert(digits.begin(), '1');
+      digits.pop_back();
+      ++exponent;
+    } else {
+      ++digits[static_cast<size_t>(k)];
+    }
+  }
+  const size_t last = digits.find_last_not_of('0');
+  digits.erase(last == std::string::npos ? 1 : last + 1);
+}
+
+}  // namespace
+
 std::string FormatDouble(double value, int precision, const Locale& locale) {
-  char buffer[64];
-  std::snprintf(buffer, sizeof buffer, "%.*G", precision, value);
-  std::string text = buffer;
-  if (text == "-0") text = "0";
-  std::replace(text.begin(), text.end(), '.', locale.DecimalSeparator());
-  return text;
+  if (value == 0) return "0";  // -0 too
+  if (!std::isfinite(value)) {
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%G", value);
+    return buffer;
+  }
+  std::string digits;
+  int exponent = 0;
+  RoundedDigits(value, precision, digits, exponent);
+  const int count = static_cast<int>(digits.size());
+  std::string text = value < 0 ? "-" : "";
+  // Plain text while the digits fit `precision` places after the point; an exponent beyond.
+  const bool plain = exponent < precision && (exponent >= -4 || count - exponent - 1 <= precision);
+  if (plain) {
+    ExactNumber n;
+    n.digits = digits;
+    n.exponent = exponent - (count - 1);
+    return text + n.ToText(locale);
+  }
+  text += digits[0];
+  if (count > 1) text += locale.DecimalSeparator() + digits.substr(1);
+  char power[16];
+  std::snprintf(power, sizeof power, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+  return text + power;
 }
 
 }  // namespace qmk::platform

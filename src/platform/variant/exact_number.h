@@ -33,13 +33,34 @@ struct ExactNumber {
   void Normalize();
 };
 
-// Reads a number in the locale's form: blanks, a sign or parentheses, the currency symbol,
-// digits with thousands separators, a decimal separator, an exponent, and "&H" hexadecimal or
-// "&O" octal forms. False when the text is anything else.
+// What a number text may hold, by the platform's flag numbers: each part is read only when its
+// flag is given.
+constexpr unsigned NUMPRS_LEADING_WHITE = 0x1;
+constexpr unsigned NUMPRS_TRAILING_WHITE = 0x2;
+constexpr unsigned NUMPRS_LEADING_PLUS = 0x4;
+constexpr unsigned NUMPRS_TRAILING_PLUS = 0x8;
+constexpr unsigned NUMPRS_LEADING_MINUS = 0x10;
+constexpr unsigned NUMPRS_TRAILING_MINUS = 0x20;
+constexpr unsigned NUMPRS_HEX_OCT = 0x40;
+constexpr unsigned NUMPRS_PARENS = 0x80;
+constexpr unsigned NUMPRS_DECIMAL = 0x100;
+constexpr unsigned NUMPRS_THOUSANDS = 0x200;
+constexpr unsigned NUMPRS_CURRENCY = 0x400;
+constexpr unsigned NUMPRS_EXPONENT = 0x800;
+constexpr unsigned NUMPRS_STD = 0x1FFF;
+
+// Reads a whole text as a number in the locale's form, taking only the parts `flags` allow:
+// blanks before and after, a sign in front or behind, parentheses, the currency symbol, digits
+// with thousands separators, a decimal separator, an exponent, and "&H" hexadecimal or "&O"
+// octal forms. False when the text holds anything else.
+bool ParseNumber(const std::string& text, unsigned flags, const Locale& locale, ExactNumber& out);
+// The same with every part allowed (NUMPRS_STD), as conversions from text read numbers.
 bool ParseNumberText(const std::string& text, const Locale& locale, ExactNumber& out);
 
-// A double as text with `precision` significant digits: positional, or with an exponent of at
-// least two digits ("1E+20", "1E-05") when it is very large or small.
+// A double as text with `precision` significant digits, a tie at the last digit rounded away
+// from zero: positional while the digits fit `precision` places after the point ("0.00001"),
+// else with an exponent of at least two digits ("1E+20", "1.5E-16"); large values take the
+// exponent from `precision` integer digits on.
 std::string FormatDouble(double value, int precision, const Locale& locale);
 
 }  // namespace qmk::platform

@@ -1,4 +1,4 @@
-// string_table.h: the library's compiled-in string tables, looked up by id.
+// string_table.h: the library's texts by id, in the resource manager's language.
 #pragma once
 
 #include <cstddef>
