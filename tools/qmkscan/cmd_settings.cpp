@@ -8,6 +8,7 @@
 #include "platform/settings/key_store.h"
 #include "platform/settings/paths.h"
 #include "platform/settings/profile_file.h"
+#include "platform/text.h"
 
 namespace qmkscan {
 namespace {
@@ -21,11 +22,7 @@ constexpr size_t kShownBytes = 10240;
 std::string Shown(const qmk::platform::KeyValue& v) {
   if (v.type == qmk::platform::kValueString) return v.data.substr(0, v.data.find('\0'));
   std::string hex;
-  char byte[4];
-  for (unsigned char c : v.data) {
-    std::snprintf(byte, sizeof byte, "%02x", c);
-    hex += hex.empty() ? byte : std::string(" ") + byte;
-  }
+  for (unsigned char c : v.data) hex += (hex.empty() ? "" : " ") + qmk::platform::HexByte(c);
   return "hex:" + hex;
 }
 

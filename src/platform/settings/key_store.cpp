@@ -10,9 +10,9 @@
 #include <cstdio>
 
 #include "platform/settings/atomic_file.h"
-#include "platform/settings/names.h"
 #include "platform/settings/paths.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
 namespace qmk::platform {
 namespace {
@@ -20,22 +20,13 @@ namespace {
 constexpr char kValuesFile[] = ".values";
 constexpr char kHeader[] = "# quillmark key values: name, type, data\n";
 
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
 std::string Escape(const std::string& bytes) {
   std::string out;
   for (unsigned char c : bytes) {
     if (c >= 0x20 && c < 0x7F && c != '\\') {
       out += static_cast<char>(c);
     } else {
-      char hex[5];
-      std::snprintf(hex, sizeof hex, "\\x%02x", c);
-      out += hex;
+      out += "\\x" + HexByte(c);
     }
   }
   return out;
@@ -50,7 +41,7 @@ bool Unescape(const std::string& text, std::string& out) {
       continue;
     }
     if (i + 3 >= text.size() || text[i + 1] != 'x') return false;
-    const int hi = HexDigit(text[i + 2]), lo = HexDigit(text[i + 3]);
+    const int hi = HexDigitValue(text[i + 2]), lo = HexDigitValue(text[i + 3]);
     if (hi < 0 || lo < 0) return false;
     out += static_cast<char>(hi * 16 + lo);
     i += 3;
@@ -68,7 +59,7 @@ std::string FindChild(const std::string& folder, const std::string& level) {
   while (const dirent* entry = readdir(dir)) {
     const std::string name = entry->d_name;
     if (name == "." || name == ".." || name == kValuesFile) continue;
-    if (EqualsIgnoringCase(KeyNameFromFolder(name), level) && IsFolder(folder + "/" + name)) {
+    if (EqualsNoCase(KeyNameFromFolder(name), level) && IsFolder(folder + "/" + name)) {
       found = folder + "/" + name;
       break;
     }
@@ -101,9 +92,7 @@ std::string KeyFolderName(const std::string& level) {
   for (size_t i = 0; i < level.size(); ++i) {
     const char c = level[i];
     if (c == '/' || c == '%' || (c == '.' && i == 0)) {
-      char hex[4];
-      std::snprintf(hex, sizeof hex, "%%%02X", static_cast<unsigned char>(c));
-      out += hex;
+      out += "%" + HexByte(static_cast<unsigned char>(c), true);
     } else {
       out += c;
     }
@@ -115,7 +104,7 @@ std::string KeyNameFromFolder(const std::string& folder_name) {
   std::string out;
   for (size_t i = 0; i < folder_name.size(); ++i) {
     if (folder_name[i] == '%' && i + 2 < folder_name.size()) {
-      const int hi = HexDigit(folder_name[i + 1]), lo = HexDigit(folder_name[i + 2]);
+      const int hi = HexDigitValue(folder_name[i + 1]), lo = HexDigitValue(folder_name[i + 2]);
       if (hi >= 0 && lo >= 0) {
         out += static_cast<char>(hi * 16 + lo);
         i += 2;
@@ -149,7 +138,7 @@ std::vector<KeyValue> ParseKeyValues(const std::string& text) {
       continue;
     // A later line of the same name is a leftover; the first one stands.
     if (std::none_of(values.begin(), values.end(),
-                     [&](const KeyValue& old) { return EqualsIgnoringCase(old.name, v.name); }))
+                     [&](const KeyValue& old) { return EqualsNoCase(old.name, v.name); }))
       values.push_back(std::move(v));
   }
   return values;
@@ -209,7 +198,7 @@ QueryResult KeyHandle::Query(const std::string& name, std::string& data, size_t 
   if (status == ReadStatus::kMissing) return QueryResult::kMissing;
   if (status == ReadStatus::kFailed) return QueryResult::kFailed;
   for (KeyValue& v : ParseKeyValues(text)) {
-    if (!EqualsIgnoringCase(v.name, name)) continue;
+    if (!EqualsNoCase(v.name, name)) continue;
     if (v.data.size() > limit) return QueryResult::kMoreData;
     if (type) *type = v.type;
     data = std::move(v.data);
@@ -222,7 +211,7 @@ bool KeyHandle::Edit(const std::string& name, const KeyValue* replacement) {
   return UpdateFileLocked(ValuesFile(), [&](std::string& text) {
     std::vector<KeyValue> values = ParseKeyValues(text);
     auto it = std::find_if(values.begin(), values.end(),
-                           [&](const KeyValue& v) { return EqualsIgnoringCase(v.name, name); });
+                           [&](const KeyValue& v) { return EqualsNoCase(v.name, name); });
     if (!replacement) {
       if (it == values.end()) return false;
       values.erase(it);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/settings/atomic_file.h"
-#include "platform/settings/names.h"
+#include "platform/text.h"
 
 namespace qmk::platform {
 namespace {
@@ -82,7 +82,7 @@ std::optional<SectionSpan> FindSection(const std::vector<Line>& lines, const std
   const std::string section = Trim(raw);
   for (size_t i = 0; i < lines.size(); ++i) {
     const auto name = SectionName(lines[i].text);
-    if (!name || !EqualsIgnoringCase(*name, section)) continue;
+    if (!name || !EqualsNoCase(*name, section)) continue;
     size_t end = i + 1;
     while (end < lines.size() && !SectionName(lines[end].text)) ++end;
     return SectionSpan{i, end};
@@ -94,7 +94,7 @@ std::optional<size_t> FindKey(const std::vector<Line>& lines, SectionSpan span,
                               const std::string& raw) {
   const std::string key = Trim(raw);
   for (size_t i = span.header + 1; i < span.end; ++i)
-    if (const auto name = KeyName(lines[i].text); name && EqualsIgnoringCase(*name, key)) return i;
+    if (const auto name = KeyName(lines[i].text); name && EqualsNoCase(*name, key)) return i;
   return std::nullopt;
 }
 
@@ -115,7 +115,7 @@ bool EndsWithBreak(const std::string& text) {
 void AddOnce(std::vector<std::string>& names, const std::string& name) {
   if (name.empty()) return;
   for (const std::string& n : names)
-    if (EqualsIgnoringCase(n, name)) return;
+    if (EqualsNoCase(n, name)) return;
   names.push_back(name);
 }
 

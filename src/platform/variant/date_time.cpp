@@ -1,5 +1,6 @@
 // date_time.cpp: Automation dates and calendar fields, and dates as text.
 #include "platform/variant/date_time.h"
+#include "platform/text.h"
 
 #include <cctype>
 #include <cmath>
@@ -49,12 +50,8 @@ int CurrentYear() {
   return local.tm_year + 1900;
 }
 
-bool EqualsIgnoringCase(const std::string& a, const std::string& b) {
-  if (a.size() != b.size() || a.empty()) return false;
-  for (size_t i = 0; i < a.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i]))) return false;
-  return true;
-}
+// An empty word names nothing: a locale without a designator must not match an empty one.
+bool SameWord(const std::string& a, const std::string& b) { return !a.empty() && EqualsNoCase(a, b); }
 
 // One number of a date text and what follows it.
 struct NumberToken {
@@ -77,18 +74,18 @@ int ExpandYear(const NumberToken& n) {
 
 // "AM", "PM" and their first letters, and the locale's designators.
 int HalfOfDay(const std::string& word, const Locale& locale) {
-  if (EqualsIgnoringCase(word, locale.AmDesignator()) || EqualsIgnoringCase(word, "AM") ||
-      EqualsIgnoringCase(word, "A"))
+  if (SameWord(word, locale.AmDesignator()) || SameWord(word, "AM") ||
+      SameWord(word, "A"))
     return 1;
-  if (EqualsIgnoringCase(word, locale.PmDesignator()) || EqualsIgnoringCase(word, "PM") ||
-      EqualsIgnoringCase(word, "P"))
+  if (SameWord(word, locale.PmDesignator()) || SameWord(word, "PM") ||
+      SameWord(word, "P"))
     return 2;
   return 0;
 }
 
 int MonthOfName(const std::string& word, const Locale& locale) {
   for (int m = 1; m <= 12; ++m)
-    if (EqualsIgnoringCase(word, locale.MonthName(m, false)) || EqualsIgnoringCase(word, locale.MonthName(m, true)))
+    if (SameWord(word, locale.MonthName(m, false)) || SameWord(word, locale.MonthName(m, true)))
       return m;
   return 0;
 }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "toolkit/dialogs/resource_manager_holder.h"
+#include "platform/text.h"
 
 namespace qmk::toolkit {
 namespace {
@@ -39,10 +40,7 @@ bool LoadString(int id, std::string& out) {
 bool LoadString(int id, char* buffer, size_t size) {
   std::string text;
   const bool found = Find(id, text);
-  if (size == 0) return found;
-  const size_t length = found ? std::min(text.size(), size - 1) : 0;
-  if (length) std::memcpy(buffer, text.data(), length);
-  buffer[length] = '\0';
+  platform::CopyCut(found ? text : std::string(), buffer, size);
   return found;
 }
 
