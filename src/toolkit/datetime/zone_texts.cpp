@@ -153,9 +153,12 @@ std::string CExtLLMapWnd::TimeText(const WORLD_TIME_ZONE* zone) const {
 std::string CExtLLMapWnd::ZoneText(double latitude, double longitude) const {
   const std::optional<int> index = ZoneIndexAt(latitude, longitude);
   const WORLD_TIME_ZONE* zone = index ? FindZone(*index) : nullptr;
-  if (!zone) return {};
-  std::string text = "GMT " + OffsetText(*zone, true, ':');
-  const std::string time = TimeText(zone);
+  return zone ? ZoneText(*zone) : std::string();
+}
+
+std::string CExtLLMapWnd::ZoneText(const WORLD_TIME_ZONE& zone) const {
+  std::string text = "GMT " + OffsetText(zone, true, ':');
+  const std::string time = TimeText(&zone);
   if (!time.empty()) text += "\n" + time;
   return text;
 }

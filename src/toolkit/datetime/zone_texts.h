@@ -51,6 +51,7 @@ class CExtLLMapWnd {
   std::string TimeText(const WORLD_TIME_ZONE* zone) const;
   // "GMT " and the signed offset, then the time text on a line of its own.
   std::string ZoneText(double latitude, double longitude) const;
+  std::string ZoneText(const WORLD_TIME_ZONE& zone) const;
 
   // The stored moment, an Automation date in Greenwich time; without one, texts use the present.
   void SetDateTime(double date) { m_dtStored = date; }
