@@ -155,6 +155,25 @@ TEST(MaskedEdit, PasteKeepsWhatFitsAndThePrompts) {
   RunScript({"paste date", "##/##/####", true, false, true, {{"<PASTE:12345678>", "12/34/5678", 0, 0}}});
 }
 
+TEST(MaskedEdit, ClipboardKeysGoThroughTheMask) {
+  RunScript({"clipboard", "##/##/####", true, false, false,
+             {{"12345678<HOME><S-END><C-C>", "12/34/5678", 0, 10},
+              {"<S-DEL>", "__/__/____", 0, 0},
+              {"<C-V>", "12/34/5678", 0, 0},
+              {"<HOME><S-RIGHT><S-RIGHT><C-X>", "__/34/5678", 0, 0},
+              // A paste inserts, and the text is cut at the first character that no longer fits.
+              {"<S-INS>", "12/__/____", 0, 0}}});
+  CExtEditMasked edit("##");
+  Type(edit, "12<HOME><S-END>");
+  edit.SetReadOnly(true);
+  edit.SetClipboard("");
+  Type(edit, "<C-X><S-DEL><C-V>");
+  EXPECT_EQ(edit.GetText(), "12") << "a read-only control swallows cut and paste";
+  EXPECT_EQ(edit.Clipboard(), "");
+  Type(edit, "<C-INS>");
+  EXPECT_EQ(edit.Clipboard(), "12") << "and still copies";
+}
+
 TEST(MaskedEdit, ReadOnlyTakesNothing) {
   CExtEditMasked edit("##");
   edit.SetReadOnly(true);
@@ -290,11 +309,12 @@ TEST(Keystrokes, ScriptsReadAndPrintBack) {
   const auto steps = ParseKeystrokes("1<S-LEFT><PASTE:a>b<> <LT>", &error);
   EXPECT_FALSE(steps);
   EXPECT_NE(error.find("<>"), std::string::npos);
-  const auto good = ParseKeystrokes("1<S-LEFT><PASTE:a>b<LT><DEL><CUT>", &error);
+  const auto good = ParseKeystrokes("1<S-LEFT><PASTE:a>b<LT><DEL><CUT><C-V><S-INS>", &error);
   ASSERT_TRUE(good);
   std::string printed;
   for (const Keystroke& k : *good) printed += k.Label();
-  EXPECT_EQ(printed, "1<S-LEFT><PASTE:a>b<LT><DEL><CUT>");
+  EXPECT_EQ(printed, "1<S-LEFT><PASTE:a>b<LT><DEL><CUT><C-V><S-INS>");
+  EXPECT_FALSE(ParseKeystrokes("<V>", &error)) << "a letter key wants Control";
   EXPECT_FALSE(ParseKeystrokes("<BS", &error));
 }
 

@@ -378,6 +378,20 @@ void CBehaviorMasked::DeleteLogic() {
 }
 
 long CBehaviorMasked::OnTextChange(TextChange change) {
+  CExtEditWithBehavior* edit = m_pEditWithBehaviorWnd;
+  if (edit && !m_strMask.empty() && change != TextChange::kPaste) {
+    // Cut and clear remove the selection as Delete does, so the fields behind keep their places
+    // instead of sliding onto the literals and being cut back.
+    if (edit->IsReadOnly()) return 0;
+    int start = 0, end = 0;
+    edit->GetSel(start, end);
+    if (start == end) return 0;
+    if (change == TextChange::kCut) edit->DefaultCopy();
+    edit->SetUndoPoint();
+    m_bBackspaceInProgress = false;
+    DeleteLogic();
+    return 0;
+  }
   const long result = CBehaviorBase::OnTextChange(change);
   if (m_pEditWithBehaviorWnd && !m_strMask.empty() && !m_pEditWithBehaviorWnd->IsReadOnly()) Reformat(false);
   return result;

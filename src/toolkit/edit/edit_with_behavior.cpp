@@ -10,7 +10,21 @@ void CExtEditWithBehavior::Char(unsigned ch, unsigned repeat, unsigned flags) {
     DefaultChar(ch, repeat, flags);
 }
 
+bool CExtEditWithBehavior::ClipboardKey(unsigned key) {
+  const bool control = IsKeyDown(kKeyControl), shift = IsKeyDown(kKeyShift);
+  if (control && (key == kKeyInsert || key == kKeyC)) {
+    Copy();
+    return true;
+  }
+  const bool paste = (control && key == kKeyV) || (shift && key == kKeyInsert);
+  const bool cut = (control && key == kKeyX) || (shift && key == kKeyDelete);
+  if (!paste && !cut) return false;
+  if (!IsReadOnly()) Change(paste ? TextChange::kPaste : TextChange::kCut);
+  return true;
+}
+
 void CExtEditWithBehavior::KeyDown(unsigned key, unsigned repeat, unsigned flags) {
+  if (ClipboardKey(key)) return;
   if (m_pBehavior)
     m_pBehavior->OnKeyDown(key, repeat, flags);
   else

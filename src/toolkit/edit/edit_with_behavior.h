@@ -17,6 +17,9 @@ enum Key : unsigned {
   kKeyRight = 0x27,
   kKeyInsert = 0x2D,
   kKeyDelete = 0x2E,
+  kKeyC = 'C',
+  kKeyV = 'V',
+  kKeyX = 'X',
 };
 
 // The clipboard operations that change the text behind a behaviour's back.
@@ -52,6 +55,8 @@ class CExtEditWithBehavior {
   virtual void DefaultKeyDown(unsigned key, unsigned repeat, unsigned flags) = 0;
   virtual void DefaultKillFocus() {}
   virtual void DefaultTextChange(TextChange change) = 0;
+  // Copies the selection to the clipboard.
+  virtual void DefaultCopy() {}
   // The framework's query for the default button; 0 when nobody answers.
   virtual long DefaultQuery() const { return 0; }
 
@@ -65,6 +70,7 @@ class CExtEditWithBehavior {
   void Paste() { Change(TextChange::kPaste); }
   void Cut() { Change(TextChange::kCut); }
   void Clear() { Change(TextChange::kClear); }
+  void Copy() { DefaultCopy(); }
 
   // The raw text, and the text without leading and trailing white space.
   std::string TextGet() const { return GetText(); }
@@ -72,6 +78,9 @@ class CExtEditWithBehavior {
 
  private:
   void Change(TextChange change);
+  // Control+C or Control+Insert copy; Control+V or Shift+Insert paste; Control+X or Shift+Delete
+  // cut. A read-only control swallows paste and cut. True when the key was one of these.
+  bool ClipboardKey(unsigned key);
 
   CBehaviorBase* m_pBehavior = nullptr;
 };

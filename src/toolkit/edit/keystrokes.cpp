@@ -9,7 +9,9 @@ struct NamedKey {
   unsigned key;
 };
 constexpr NamedKey kNamedKeys[] = {{"BS", kKeyBack},     {"DEL", kKeyDelete}, {"LEFT", kKeyLeft},
-                                   {"RIGHT", kKeyRight}, {"HOME", kKeyHome},  {"END", kKeyEnd}};
+                                   {"RIGHT", kKeyRight}, {"HOME", kKeyHome},  {"END", kKeyEnd},
+                                   {"INS", kKeyInsert},  {"C", kKeyC},        {"V", kKeyV},
+                                   {"X", kKeyX}};
 
 std::optional<Keystroke> ReadName(const std::string& name) {
   Keystroke k;
@@ -30,9 +32,13 @@ std::optional<Keystroke> ReadName(const std::string& name) {
   if (key.rfind("S-", 0) == 0) {
     k.shift = true;
     key = key.substr(2);
+  } else if (key.rfind("C-", 0) == 0) {
+    k.control = true;
+    key = key.substr(2);
   }
   for (const NamedKey& n : kNamedKeys) {
-    if (key != n.name) continue;
+    // Letters are keys only with Control; alone they would be typed.
+    if (key != n.name || (n.key >= 'A' && n.key <= 'Z' && !k.control)) continue;
     k.kind = Keystroke::Kind::kKey;
     k.code = n.key;
     return k;
@@ -54,7 +60,7 @@ std::string Keystroke::Label() const {
       break;
   }
   for (const NamedKey& n : kNamedKeys)
-    if (n.key == code) return std::string("<") + (shift ? "S-" : "") + n.name + ">";
+    if (n.key == code) return std::string("<") + (shift ? "S-" : control ? "C-" : "") + n.name + ">";
   return "<?>";
 }
 
@@ -94,9 +100,11 @@ void Replay(MemoryEdit& edit, const Keystroke& step) {
       break;
     case Keystroke::Kind::kKey:
       edit.SetShift(step.shift);
+      edit.SetControl(step.control);
       edit.KeyDown(step.code);
       if (step.code == kKeyBack) edit.Char(kKeyBack);
       edit.SetShift(false);
+      edit.SetControl(false);
       break;
   }
 }

@@ -111,16 +111,18 @@ void MemoryEdit::DefaultKeyDown(unsigned key, unsigned /*repeat*/, unsigned /*fl
       break;
     case kKeyDelete:
       if (read_only_) break;
-      if (shift_) {
-        DefaultTextChange(TextChange::kCut);
-        break;
-      }
       if (anchor_ == caret_) caret_ = NextCharStart(caret_);
       ReplaceSelection("");
       break;
     default:
       break;
   }
+}
+
+void MemoryEdit::DefaultCopy() {
+  int start = 0, end = 0;
+  GetSel(start, end);
+  if (start != end) clipboard_ = text_.substr(start, end - start);
 }
 
 void MemoryEdit::DefaultTextChange(TextChange change) {

@@ -23,6 +23,7 @@ class MemoryEdit : public CExtEditWithBehavior {
   void DefaultChar(unsigned ch, unsigned repeat, unsigned flags) override;
   void DefaultKeyDown(unsigned key, unsigned repeat, unsigned flags) override;
   void DefaultTextChange(TextChange change) override;
+  void DefaultCopy() override;
 
   void SetReadOnly(bool read_only) { read_only_ = read_only; }
   void SetShift(bool down) { shift_ = down; }

@@ -482,10 +482,7 @@ void CExtEditSystemNumberCurrencyBase::OnKeyDown(unsigned key, unsigned repeat, 
     CBehaviorBase::OnKeyDown(key, repeat, flags);
     return;
   }
-  if (edit->IsReadOnly() || (key == kKeyDelete && edit->IsKeyDown(kKeyShift))) {
-    CBehaviorBase::OnKeyDown(key, repeat, flags);
-    return;
-  }
+  if (edit->IsReadOnly()) return;
   edit->SetUndoPoint();
   Recompose();
   DeleteAt(key == kKeyBack);
