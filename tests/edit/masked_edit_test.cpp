@@ -217,6 +217,20 @@ TEST(MaskedEdit, ReformatWithSuffixMovesTheCaretBehindTheLiterals) {
   EXPECT_EQ(edit.Caret(), 3);
 }
 
+TEST(MaskedEdit, EachEditLeavesAnUndoPoint) {
+  CExtEditMasked edit("##-##");
+  Type(edit, "12");
+  Type(edit, "3");
+  EXPECT_EQ(edit.GetText(), "12-3_");
+  ASSERT_TRUE(edit.Undo());
+  EXPECT_EQ(edit.GetText(), "12-__");
+  ASSERT_TRUE(edit.Undo());
+  EXPECT_EQ(edit.GetText(), "1_-__");
+  Type(edit, "<DEL>");
+  ASSERT_TRUE(edit.Undo());
+  EXPECT_EQ(edit.GetText(), "1_-__");
+}
+
 TEST(MaskedEdit, EmptyMaskLeavesTheControlAlone) {
   CExtEditMasked edit;
   Type(edit, "ab<BS>c");
