@@ -1,0 +1,75 @@
+// process_locale_test.cpp: number and currency input over locales of the C library, compiled
+// into a temporary folder with localedef, so the reading of localeconv() is tested for real.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <string>
+
+#include "support/scoped_env.h"
+#include "toolkit/edit/keystrokes.h"
+#include "toolkit/edit/memory_edit.h"
+#include "toolkit/edit/system_number.h"
+
+namespace qmk::toolkit::edit {
+namespace {
+
+class ProcessLocales : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    folder_ = new qmk::testing::TempDir();
+    for (const char* name : {"de_DE", "en_IN"}) {
+      const std::string command = std::string("localedef -i ") + name + " -f UTF-8 " + folder_->path().string() +
+                                  "/" + name + ".UTF-8 >/dev/null 2>&1";
+      built_ = std::system(command.c_str()) == 0 && built_;
+    }
+  }
+  static void TearDownTestSuite() {
+    delete folder_;
+    folder_ = nullptr;
+  }
+  void SetUp() override {
+    if (!built_) GTEST_SKIP() << "localedef could not build the test locales";
+  }
+  void TearDown() override { std::setlocale(LC_ALL, "C"); }
+
+  // The locale `name`, read from the process after switching to it.
+  std::unique_ptr<platform::Locale> Use(const char* name) {
+    qmk::testing::ScopedEnv path("LOCPATH", folder_->path().string());
+    EXPECT_NE(std::setlocale(LC_ALL, name), nullptr) << name;
+    return platform::ProcessLocale();
+  }
+
+  template <class Behavior>
+  std::string Typed(const platform::Locale& locale, const std::string& keys) {
+    MemoryEdit edit;
+    Behavior behavior(&edit, -15, 2, locale);
+    edit.SetBehavior(&behavior);
+    const auto steps = ParseKeystrokes(keys, nullptr);
+    if (steps)
+      for (const Keystroke& k : *steps) Replay(edit, k);
+    return edit.GetText();
+  }
+
+  static qmk::testing::TempDir* folder_;
+  static bool built_;
+};
+qmk::testing::TempDir* ProcessLocales::folder_ = nullptr;
+bool ProcessLocales::built_ = true;
+
+TEST_F(ProcessLocales, GermanSeparatorsAndEuroBehind) {
+  const auto locale = Use("de_DE.UTF-8");
+  EXPECT_EQ(locale->NumberSetting(platform::kLocaleGrouping), "3;3");
+  EXPECT_EQ(Typed<CExtEditSystemNumber>(*locale, "1234567,5"), "1.234.567,5");
+  EXPECT_EQ(Typed<CExtEditSystemCurrency>(*locale, "1234,5"), "1.234,5 \xE2\x82\xAC");
+  EXPECT_EQ(Typed<CExtEditSystemCurrency>(*locale, "1234,5-"), "-1.234,5 \xE2\x82\xAC");
+}
+
+TEST_F(ProcessLocales, IndianGroupsOfTwo) {
+  const auto locale = Use("en_IN.UTF-8");
+  EXPECT_EQ(locale->NumberSetting(platform::kLocaleGrouping), "3;2");
+  EXPECT_EQ(Typed<CExtEditSystemNumber>(*locale, "123456789"), "12,34,56,789");
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::edit
