@@ -135,6 +135,11 @@ TEST(NumberKeys, LimitsRefuseWhatWouldNotFit) {
   RunSteps(none, {{"<S-LEFT>9", "1,239", 5}}, "replace");
 }
 
+TEST(NumberKeys, TypingOverTheShownLeadingZeroKeepsTheLimits) {
+  NumberField f(platform::EnUsLocale(), 0, 2);
+  RunSteps(f, {{".", "0.", 2}, {"<HOME><S-END>5", "", 0}, {".5", "0.5", 3}}, "no whole digits");
+}
+
 TEST(NumberKeys, ReadOnlyTakesNothing) {
   NumberField f;
   f.Type("12");

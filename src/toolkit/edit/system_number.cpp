@@ -409,7 +409,7 @@ bool CExtEditSystemNumberCurrencyBase::InsertChar(char ch) {
   } else if ((!m_strNegativeSign.empty() && ch == m_strNegativeSign[0]) || (ch == '(' && m_nNegativeFormat == 0)) {
     if (!m_bNegativeAllowed) return false;
     changed.erase(ls, le - ls);
-    Store(NumberParts::FromLogical(changed, true), ls);
+    Store(CutDown(NumberParts::FromLogical(changed, true)), ls);
     return true;
   } else if (ScientificAllowed() && (ch == 'e' || ch == 'E') && marker == std::string::npos &&
              static_cast<size_t>(ls) == logical.size() && !(parts.whole + parts.fraction).empty()) {
@@ -426,7 +426,8 @@ bool CExtEditSystemNumberCurrencyBase::InsertChar(char ch) {
       grew_past(parts.fraction, next.fraction, std::max(m_nMaxFractionDigits, 0)) ||
       grew_past(parts.exponent_digits, next.exponent_digits, kMaxExponentDigits))
     return false;
-  Store(next, caret);
+  // A shown leading zero counts as a digit once typed over, so the limits are applied again.
+  Store(CutDown(next), caret);
   return true;
 }
 
@@ -459,7 +460,7 @@ void CExtEditSystemNumberCurrencyBase::DeleteAt(bool backspace) {
     if (ls == le && backspace && ls > 0) --ls;
     else if (ls == le && !backspace && le < static_cast<int>(logical.size())) ++le;
   } else if (InNegativeAffix(text, backspace ? start - 1 : start)) {
-    Store(NumberParts::FromLogical(logical, false), ls);  // the sign goes as a whole
+    Store(CutDown(NumberParts::FromLogical(logical, false)), ls);  // the sign goes as a whole
     return;
   } else if (backspace) {
     if (ls == 0) return;
