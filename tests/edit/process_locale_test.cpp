@@ -1,9 +1,10 @@
 // process_locale_test.cpp: number and currency input over locales of the C library, compiled
-// into a temporary folder with localedef, so the reading of localeconv() is tested for real.
+// with localedef, so the reading of localeconv() is tested for real.
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "support/scoped_env.h"
@@ -14,20 +15,26 @@
 namespace qmk::toolkit::edit {
 namespace {
 
+// The compiled locales are kept between runs in one folder under the temporary directory; each is
+// built aside and moved in whole, so runs side by side never see half a locale.
+std::filesystem::path LocaleCache() { return std::filesystem::temp_directory_path() / "qmk-test-locales"; }
+
+bool EnsureLocale(const std::string& name) {
+  const std::filesystem::path target = LocaleCache() / (name + ".UTF-8");
+  std::error_code ec;
+  if (std::filesystem::exists(target / "LC_NUMERIC", ec)) return true;
+  std::filesystem::create_directories(LocaleCache(), ec);
+  qmk::testing::TempDir scratch;
+  const std::filesystem::path built = scratch.path() / (name + ".UTF-8");
+  const std::string command = "localedef -i " + name + " -f UTF-8 " + built.string() + " >/dev/null 2>&1";
+  if (std::system(command.c_str()) != 0) return false;
+  std::filesystem::rename(built, target, ec);
+  return std::filesystem::exists(target / "LC_NUMERIC", ec);
+}
+
 class ProcessLocales : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    folder_ = new qmk::testing::TempDir();
-    for (const char* name : {"de_DE", "en_IN"}) {
-      const std::string command = std::string("localedef -i ") + name + " -f UTF-8 " + folder_->path().string() +
-                                  "/" + name + ".UTF-8 >/dev/null 2>&1";
-      built_ = std::system(command.c_str()) == 0 && built_;
-    }
-  }
-  static void TearDownTestSuite() {
-    delete folder_;
-    folder_ = nullptr;
-  }
+  static void SetUpTestSuite() { built_ = EnsureLocale("de_DE") && EnsureLocale("en_IN"); }
   void SetUp() override {
     if (!built_) GTEST_SKIP() << "localedef could not build the test locales";
   }
@@ -35,7 +42,7 @@ class ProcessLocales : public ::testing::Test {
 
   // The locale `name`, read from the process after switching to it.
   std::unique_ptr<platform::Locale> Use(const char* name) {
-    qmk::testing::ScopedEnv path("LOCPATH", folder_->path().string());
+    qmk::testing::ScopedEnv path("LOCPATH", LocaleCache().string());
     EXPECT_NE(std::setlocale(LC_ALL, name), nullptr) << name;
     return platform::ProcessLocale();
   }
@@ -51,11 +58,9 @@ class ProcessLocales : public ::testing::Test {
     return edit.GetText();
   }
 
-  static qmk::testing::TempDir* folder_;
   static bool built_;
 };
-qmk::testing::TempDir* ProcessLocales::folder_ = nullptr;
-bool ProcessLocales::built_ = true;
+bool ProcessLocales::built_ = false;
 
 TEST_F(ProcessLocales, GermanSeparatorsAndEuroBehind) {
   const auto locale = Use("de_DE.UTF-8");
