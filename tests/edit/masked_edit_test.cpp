@@ -116,7 +116,14 @@ TEST(MaskedEdit, MultibyteCharactersTakeOnePositionPerByte) {
               {"\xA9", "\xC3\xA9-__", 3, 5},
               {"\xC3\xA9", "\xC3\xA9-__", 3, 5},
               {"7", "\xC3\xA9-7_", 4, 4}}});
-  RunScript({"multibyte letters", "@@@@", true, false, true, {{"\xC3\xA9x", "\xC3\xA9x_", 3, 3}}});
+  RunScript({"multibyte letters", "@@@@", true, false, true,
+             {{"\xC3\xA9x", "\xC3\xA9x_", 3, 3},
+              // Deleting takes the whole character, never half of it.
+              {"<BS>", "\xC3\xA9__", 2, 2},
+              {"<BS>", "____", 0, 0},
+              {"\xC3\xA9<HOME><DEL>", "____", 0, 0}}});
+  RunScript({"multibyte without prompts", "@@@@", false, false, true,
+             {{"a\xC3\xA9", "a\xC3\xA9", 3, 3}, {"<BS>", "a", 1, 1}, {"<HOME><DEL>", "", 0, 0}}});
 }
 
 TEST(MaskedEdit, InsertModePushesTheFieldAlong) {

@@ -9,6 +9,8 @@ namespace {
 
 int Size(const std::string& s) { return static_cast<int>(s.size()); }
 
+bool IsTrailByte(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
 // Printable or punctuation, in the narrow code page: every byte of a multibyte character counts.
 bool IsTypable(unsigned ch) { return ch >= 0x80 ? ch <= 0xFF : std::isprint(static_cast<int>(ch)) != 0; }
 
@@ -25,6 +27,17 @@ const CBehaviorMasked::CharRule* CBehaviorMasked::FindRule(char symbol) const {
   for (const CharRule& rule : m_arrRules)
     if (rule.Symbol() == symbol) return &rule;
   return nullptr;
+}
+
+int CBehaviorMasked::CharStart(const std::string& text, int pos) const {
+  while (pos > 0 && pos < Size(text) && IsTrailByte(text[pos]) && IsRuleAt(pos - 1)) --pos;
+  return pos;
+}
+
+int CBehaviorMasked::CharEnd(const std::string& text, int pos) const {
+  int end = pos + 1;
+  while (end < Size(text) && IsTrailByte(text[end]) && IsRuleAt(end)) ++end;
+  return end;
 }
 
 bool CBehaviorMasked::IsRuleAt(int pos) const {
@@ -336,7 +349,11 @@ void CBehaviorMasked::BackspaceLogic() {
     m_bBackspaceInProgress = false;
     return;
   }
-  edit->SetSel(pos, pos);
+  // A multibyte character goes as a whole, not one byte of it.
+  const std::string text = edit->GetText();
+  const int first = CharStart(text, pos);
+  const int last = pos < Size(text) ? CharEnd(text, first) : pos;
+  edit->SetSel(first, last - first > 1 ? last : first);
   DeleteLogic();
 }
 
@@ -354,7 +371,9 @@ void CBehaviorMasked::DeleteLogic() {
       int pos = start;
       while (pos < Size(text) && pos < MaskSize() && !IsRuleAt(pos)) ++pos;
       if (pos >= Size(text) || pos >= MaskSize()) return;
-      start = end = pos;
+      start = CharStart(text, pos);
+      end = CharEnd(text, start);
+      if (end - start == 1) end = start;
     } else if (m_bShowPrompt) {
       text[start] = m_chPrompt;
       edit->SetText(text);

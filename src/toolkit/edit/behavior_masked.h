@@ -97,6 +97,9 @@ class CExtEditWithBehavior::CBehaviorMasked : public CExtEditWithBehavior::CBeha
   void DeleteLogic();
   void BackspaceLogic();
   bool IsRuleAt(int pos) const;
+  // The bytes of the multibyte character at `pos` that stand on rule positions.
+  int CharStart(const std::string& text, int pos) const;
+  int CharEnd(const std::string& text, int pos) const;
   int MaskSize() const { return static_cast<int>(m_strMask.size()); }
 };
 
