@@ -3,8 +3,10 @@
 
 #include <langinfo.h>
 
+#include <climits>
 #include <clocale>
 #include <cstring>
+#include <map>
 
 namespace qmk::platform {
 namespace {
@@ -24,6 +26,8 @@ struct LocaleTable {
   std::string am = "AM", pm = "PM";
   bool clock24 = false;
   std::string months[12], short_months[12];
+  // Number settings that differ from the US English answers.
+  std::map<int, std::string> numbers;
 
   LocaleTable() {
     for (int i = 0; i < 12; ++i) {
@@ -51,6 +55,10 @@ class TableLocale : public Locale {
     if (month < 1 || month > 12) return {};
     return abbreviated ? t_.short_months[month - 1] : t_.months[month - 1];
   }
+  std::optional<std::string> NumberSetting(int setting) const override {
+    if (const auto it = t_.numbers.find(setting); it != t_.numbers.end()) return it->second;
+    return Locale::NumberSetting(setting);
+  }
 
  private:
   LocaleTable t_;
@@ -72,7 +80,84 @@ void ReadDateFormat(const char* format, LocaleTable& t) {
   if (order == "mdy") t.order = DateOrder::kMonthDayYear;
 }
 
+// C library group sizes (each byte a size, CHAR_MAX stops, the end repeats the last) as the
+// setting's text, where the last size repeats and a closing 0 stops it.
+std::string GroupingText(const char* grouping) {
+  std::string text;
+  for (const char* g = grouping; g && *g; ++g) {
+    if (*g == CHAR_MAX || *g < 0) return text.empty() ? text : text + ";0";
+    if (!text.empty()) text += ';';
+    text += std::to_string(static_cast<int>(*g));
+  }
+  return text;
+}
+
+// The negative currency form number of where the sign and the currency sign stand.
+int NegativeCurrencyForm(bool precedes, bool space, int sign_position) {
+  switch (sign_position) {
+    case 0:
+      return precedes ? (space ? 14 : 0) : (space ? 15 : 4);
+    case 2:
+      return precedes ? (space ? 11 : 3) : (space ? 10 : 7);
+    case 3:
+      return precedes ? (space ? 9 : 1) : (space ? 13 : 6);
+    case 4:
+      return precedes ? (space ? 12 : 2) : (space ? 10 : 7);
+    default:
+      return precedes ? (space ? 9 : 1) : (space ? 8 : 5);
+  }
+}
+
+void ReadMoney(const lconv& conv, LocaleTable& t) {
+  auto text = [&](int setting, const char* value) {
+    if (value) t.numbers[setting] = value;
+  };
+  if (conv.negative_sign && *conv.negative_sign) text(kLocaleNegativeSign, conv.negative_sign);
+  if (conv.mon_decimal_point && *conv.mon_decimal_point) text(kLocaleMonDecimal, conv.mon_decimal_point);
+  text(kLocaleMonThousand, conv.mon_thousands_sep);
+  t.numbers[kLocaleGrouping] = GroupingText(conv.grouping);
+  t.numbers[kLocaleMonGrouping] = GroupingText(conv.mon_grouping);
+  if (conv.thousands_sep) t.numbers[kLocaleThousand] = conv.thousands_sep;
+  if (conv.decimal_point && *conv.decimal_point) t.numbers[kLocaleDecimal] = conv.decimal_point;
+  if (conv.frac_digits != CHAR_MAX) t.numbers[kLocaleCurrencyDigits] = std::to_string(conv.frac_digits);
+  if (conv.p_cs_precedes != CHAR_MAX)
+    t.numbers[kLocaleCurrencyPositive] =
+        std::to_string(conv.p_cs_precedes ? (conv.p_sep_by_space ? 2 : 0) : (conv.p_sep_by_space ? 3 : 1));
+  if (conv.n_cs_precedes != CHAR_MAX)
+    t.numbers[kLocaleCurrencyNegative] =
+        std::to_string(NegativeCurrencyForm(conv.n_cs_precedes, conv.n_sep_by_space == 1, conv.n_sign_posn));
+}
+
 }  // namespace
+
+std::optional<std::string> Locale::NumberSetting(int setting) const {
+  switch (setting) {
+    case kLocaleDecimal:
+    case kLocaleMonDecimal:
+      return std::string(1, DecimalSeparator());
+    case kLocaleThousand:
+    case kLocaleMonThousand:
+      return ThousandsSeparator() ? std::string(1, ThousandsSeparator()) : std::string();
+    case kLocaleGrouping:
+    case kLocaleMonGrouping:
+      return "3";
+    case kLocaleDigits:
+    case kLocaleCurrencyDigits:
+      return "2";
+    case kLocaleLeadingZero:
+    case kLocaleNegativeNumber:
+      return "1";
+    case kLocaleCurrency:
+      return CurrencySymbol();
+    case kLocaleCurrencyPositive:
+    case kLocaleCurrencyNegative:
+      return "0";
+    case kLocaleNegativeSign:
+      return "-";
+    default:
+      return std::nullopt;
+  }
+}
 
 const Locale& EnUsLocale() {
   static const TableLocale locale{LocaleTable{}};
@@ -85,6 +170,7 @@ std::unique_ptr<Locale> ProcessLocale() {
     if (conv->decimal_point && conv->decimal_point[0]) t.decimal = conv->decimal_point[0];
     t.thousands = conv->thousands_sep && conv->thousands_sep[0] ? conv->thousands_sep[0] : '\0';
     if (conv->currency_symbol && conv->currency_symbol[0]) t.currency = conv->currency_symbol;
+    ReadMoney(*conv, t);
   }
   if (t.thousands == t.decimal) t.thousands = '\0';
   ReadDateFormat(nl_langinfo(D_FMT), t);

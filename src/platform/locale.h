@@ -2,11 +2,32 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace qmk::platform {
 
 enum class DateOrder { kMonthDayYear, kDayMonthYear, kYearMonthDay };
+
+// The number and currency settings that locale-aware number input reads, by their numbers on the
+// system the library came from, so that hosts and archives keep speaking of them the same way.
+enum LocaleSetting : int {
+  kLocaleDecimal = 14,           // decimal separator
+  kLocaleThousand = 15,          // group separator
+  kLocaleGrouping = 16,          // group sizes from the right, as "3" or "3;2": the last repeats,
+                                 // and a last 0 stops the one before it from repeating
+  kLocaleDigits = 17,            // fraction digits
+  kLocaleLeadingZero = 18,       // "1" to show 0.5, "0" for .5
+  kLocaleCurrency = 20,          // currency sign
+  kLocaleMonDecimal = 22,        // decimal separator of money
+  kLocaleMonThousand = 23,       // group separator of money
+  kLocaleMonGrouping = 24,       // group sizes of money
+  kLocaleCurrencyDigits = 25,    // fraction digits of money
+  kLocaleCurrencyPositive = 27,  // 0 "$1.1", 1 "1.1$", 2 "$ 1.1", 3 "1.1 $"
+  kLocaleCurrencyNegative = 28,  // 0 "($1.1)" ... 15 "(1.1 $)"
+  kLocaleNegativeSign = 81,
+  kLocaleNegativeNumber = 4112,  // 0 "(1.1)", 1 "-1.1", 2 "- 1.1", 3 "1.1-", 4 "1.1 -"
+};
 
 class Locale {
  public:
@@ -26,6 +47,9 @@ class Locale {
   virtual bool Uses24HourClock() const = 0;
   // The name of `month` (1..12), full or abbreviated.
   virtual std::string MonthName(int month, bool abbreviated) const = 0;
+  // A number or currency setting as text; nullopt when the locale has no answer. By default the
+  // US English answers, with the separators and the currency sign of this locale.
+  virtual std::optional<std::string> NumberSetting(int setting) const;
 };
 
 // US English, fixed: the default of every conversion.

@@ -30,5 +30,8 @@ int RunBitmap(Args& args);
 int RunFormula(Args& args);
 int RunAutoName(Args& args);
 int RunSettings(Args& args);
+int RunType(Args& args);
+int RunPlaces(Args& args);
+int RunZone(Args& args);
 
 }  // namespace qmkscan

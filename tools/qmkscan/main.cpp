@@ -35,6 +35,13 @@ constexpr Command kCommands[] = {
                  "[--ini NAME: SECTION KEY instead of KEY NAME]",
      "read and write the settings store (per-user keys, --machine keys, or an INI file)",
      RunSettings},
+    {"type", "--mask MASK [--insert] [--no-prompt] [--prompt C] [--no-advance] KEYS... | --number [--currency] "
+             "[--locale NAME] [--whole N] [--fraction N] [--scientific] [--no-grouping] KEYS...",
+     "replay keystrokes (text, <BS>, <DEL>, <LEFT>, <S-RIGHT>, <PASTE:text>, ...) through an input behaviour",
+     RunType},
+    {"places", "[--zone NAME] [--at TIME]", "list the world map's places with their labels, zones and times", RunPlaces},
+    {"zone", "OFFSET|NAME [--at TIME]", "print the world map's text for a zone (hours such as -3.5 or a zone name)",
+     RunZone},
 };
 
 void PrintHelp(std::FILE* out) {
