@@ -35,6 +35,8 @@ constexpr Command kCommands[] = {
                  "[--ini NAME: SECTION KEY instead of KEY NAME]",
      "read and write the settings store (per-user keys, --machine keys, or an INI file)",
      RunSettings},
+    {"markup", "FILE|- [--css FILE]",
+     "read a rich content document; print its item tree, error codes and computed styles", RunMarkup},
 };
 
 void PrintHelp(std::FILE* out) {
