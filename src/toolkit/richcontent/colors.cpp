@@ -75,11 +75,14 @@ int HexDigit(char c) {
   return 0;  // upper case cannot occur after lower-casing; anything else counts as 0
 }
 
+// Digits at fixed places: a pair is read once its first digit is there, and a place past the
+// end counts as 0, so "#abc" is red 0xab, green 0xc0, blue 0. Longer text is cut.
 int32_t FromHex(const std::string& s) {
-  auto pair = [&](size_t at) { return HexDigit(s[at]) * 16 + HexDigit(s[at + 1]); };
+  auto digit = [&](size_t at) { return at < s.size() ? HexDigit(s[at]) : 0; };
+  auto pair = [&](size_t at) { return digit(at) * 16 + digit(at + 1); };
   const int r = s.size() >= 3 ? pair(1) : 0;
-  const int g = s.size() >= 5 ? pair(3) : 0;
-  const int b = s.size() >= 7 ? pair(5) : 0;
+  const int g = s.size() >= 4 ? pair(3) : 0;
+  const int b = s.size() >= 6 ? pair(5) : 0;
   return Rgb(r, g, b);
 }
 

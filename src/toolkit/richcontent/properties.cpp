@@ -261,8 +261,9 @@ bool ReadFontWeight(Declaration& d, const std::string& v) {
   else if (EqualsNoCase(v, "lighter")) d.rule.m_nWeightRelative = -300;
   else if (EqualsNoCase(v, "bolder")) d.rule.m_nWeightRelative = 300;
   else {
-    const long n = std::labs(std::clamp(std::atol(v.c_str()), -100000L, 100000L));
-    if (n == 0) return false;
+    char* end = nullptr;
+    const long n = std::labs(std::clamp(std::strtol(v.c_str(), &end, 10), -100000L, 100000L));
+    if (n == 0 || end == v.c_str() || *end != '\0') return false;
     d.rule.m_nWeightAbsolute = static_cast<int>(n);
   }
   return true;

@@ -152,7 +152,8 @@ void CExtRichContentLayout::BuildTree() {
       walk.AddText(item);
       continue;
     }
-    if (item->m_nKind != kKindTag) continue;
+    // A tag whose text failed to parse ended the run; it takes no part in the tree.
+    if (item->m_nKind != kKindTag || item->m_nError == kErrorTagText) continue;
     if (item->m_bClosing) {
       walk.Close(item, *this);
       continue;
