@@ -143,8 +143,9 @@ void CExtRichContentLayout::ComputeTree(const CExtRichStyleDescription& rootStyl
     auto [item, parentStyle] = work.back();
     work.pop_back();
     const CExtRichStyleDescription& style = item->ComputeStyle(*parentStyle);
+    // Words and spaces are drawn in their element's style; they keep none of their own.
     for (auto child = item->m_children.rbegin(); child != item->m_children.rend(); ++child)
-      work.emplace_back(*child, &style);
+      if ((*child)->m_nKind != kKindWord && (*child)->m_nKind != kKindSpace) work.emplace_back(*child, &style);
   }
 }
 

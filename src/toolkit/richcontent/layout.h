@@ -86,7 +86,8 @@ class CExtRichContentLayout : public CExtRichContentEventsBroadcast {
   CExtRichContentItem* NewItem(int kind);
   // Reads one selector of a sheet rule and returns the item its declarations go to, or null.
   CExtRichContentItem* ReadSelector(std::string_view selector);
-  // Computes the styles of the whole tree, parents before children (no recursion).
+  // Computes the styles of the root and every element, parents before children, without
+  // recursion. Words and spaces use the style of their element.
   void ComputeTree(const CExtRichStyleDescription& rootStyle);
 
   // Called by the tokenizer.
