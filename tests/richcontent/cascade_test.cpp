@@ -102,6 +102,10 @@ TEST(ItemState, SinksAreAskedAndRecursionReachesElements) {
   CExtRichStyleDescription root;
   layout.ComputeTree(root);
   EXPECT_EQ(sink.classes, "k;m;");
+  layout.RemoveSink(&sink);
+  ASSERT_TRUE(layout.Root()->m_children[0]->SetState(focus, 2, false));
+  layout.ComputeTree(root);
+  EXPECT_EQ(*layout.Root()->m_children[0]->m_pClassList, (std::vector<std::string>{"k", "div.k", "m", "div.m"}));
 }
 
 TEST(PseudoElements, BeforeRulesDoNotAlterTheItem) {
@@ -162,6 +166,11 @@ TEST(Computed, RunTimeDeclarationsStay) {
   EXPECT_EQ(p->m_pStyle->m_colors[kColorBackground], Rgb(0, 0, 255));
   EXPECT_EQ(p->m_pStyle->m_colors[kColorText], Rgb(255, 0, 0));
   EXPECT_STREQ(p->m_pStyle->m_font.lfFaceName, "courier new");
+  doc.Recompute();
+  EXPECT_EQ(p->m_pStyle->m_colors[kColorBackground], Rgb(0, 0, 255));
+  PseudoStateSet hover;
+  hover.m_fields[kPseudoHover] = 2;
+  p->SetState(hover, 2, false);  // the own rule is filled again, the declarations stay
   doc.Recompute();
   EXPECT_EQ(p->m_pStyle->m_colors[kColorBackground], Rgb(0, 0, 255));
 }

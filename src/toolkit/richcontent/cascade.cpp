@@ -84,6 +84,7 @@ void CExtRichContentItem::ComputeRule(CExtRichStyleRule& rule, const CExtRichSty
   // Declarations are resolved once per item and reused at every layout.
   if (!m_bFilled) {
     FillRule(rule, parentStyle);
+    if (m_pRunTimeRule) rule.Merge(*m_pRunTimeRule);  // they stay until the layout is emptied
     m_bFilled = true;
     own = rule;
   } else {
@@ -98,6 +99,7 @@ void CExtRichContentItem::FillRule(CExtRichStyleRule& rule, const CExtRichStyleD
 
 void CExtRichContentItem::ApplyAttributes(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
   if (m_nKind == kKindRule) return;
+  if (m_pClassList) m_pClassList->clear();  // read again when the rule is filled again
   for (CExtRichContentLayout* sheet : m_pLayout->LinkedLayouts())
     sheet->MergeRulesOf(*this, nullptr, rule, parentStyle);
   m_pLayout->MergeRulesOf(*this, nullptr, rule, parentStyle);
@@ -146,6 +148,8 @@ bool CExtRichContentItem::ApplyRunTimeDeclarations(std::string_view declarations
     CExtRichStyleRule filled;
     ComputeRule(filled, parentStyle);
   }
+  if (!m_pRunTimeRule) m_pRunTimeRule = std::make_unique<CExtRichStyleRule>();
+  m_pRunTimeRule->Merge(declared);
   Rule().Merge(declared);
   Style().CopyFromParent(parentStyle);
   Style().Compute(Rule(), parentStyle);

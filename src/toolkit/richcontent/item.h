@@ -110,6 +110,7 @@ class CExtRichContentItem {
   PseudoStateSet m_state;  // the item's state, or the set a rule child carries
   bool m_bFilled = false, m_bComputed = false;
   std::unique_ptr<CExtRichStyleRule> m_pRule;
+  std::unique_ptr<CExtRichStyleRule> m_pRunTimeRule;  // declarations applied at run time
   std::unique_ptr<CExtRichStyleDescription> m_pStyle;
   std::unique_ptr<std::vector<std::string>> m_pClassList;
   int m_nVoid = -1;  // -1 not asked yet
