@@ -180,3 +180,5 @@ BENCHMARK_TEMPLATE(BM_Growth, DeepNesting)->RangeMultiplier(32)->Range(1 << 10, 
 BENCHMARK_TEMPLATE(BM_Growth, SiblingTables)->RangeMultiplier(32)->Range(1 << 10, 1 << 20)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+BENCHMARK_MAIN();

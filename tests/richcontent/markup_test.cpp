@@ -203,3 +203,38 @@ TEST(DocObjects, ContainersAreCaseBlindAndRefuseDuplicates) {
 
 }  // namespace
 }  // namespace qmk::toolkit::richcontent
+
+namespace qmk::toolkit::richcontent {
+namespace {
+
+TEST(DocObjects, ContainerArchiveRoundTrip) {
+  CExtRichDocObjectContainer container("Shared");
+  auto sheet = std::make_unique<CExtRichDocObjectLayoutKeeper>("Site.css");
+  sheet->SetText("p { color: red }", kFormCss);
+  container.Add(std::move(sheet));
+  auto inner = std::make_unique<CExtRichDocObjectContainer>("inner");
+  inner->Add(std::make_unique<CExtRichDocObjectLayoutKeeper>("empty"));
+  container.Add(std::move(inner));
+  platform::Archive out = platform::Archive::ToMemory();
+  ASSERT_TRUE(container.Serialize(out));
+  out.Flush();
+  const std::vector<uint8_t> bytes = out.TakeStored();
+
+  CExtRichDocObjectContainer loaded("");
+  platform::Archive in = platform::Archive::FromMemory(bytes.data(), bytes.size());
+  ASSERT_TRUE(loaded.Serialize(in));
+  EXPECT_EQ(loaded.Name(), "Shared");
+  auto* keeper = dynamic_cast<CExtRichDocObjectLayoutKeeper*>(loaded.Find("site.css"));
+  ASSERT_NE(keeper, nullptr);
+  EXPECT_EQ(keeper->Text(), "p { color: red }");
+  EXPECT_NE(keeper->Layout().FindRuleKey("p"), nullptr);
+  ASSERT_NE(dynamic_cast<CExtRichDocObjectContainer*>(loaded.Find("inner")), nullptr);
+
+  // A cut archive fails instead of inventing objects.
+  platform::Archive cut = platform::Archive::FromMemory(bytes.data(), bytes.size() / 2);
+  CExtRichDocObjectContainer broken("");
+  EXPECT_FALSE(broken.Serialize(cut));
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::richcontent

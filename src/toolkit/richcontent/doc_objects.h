@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/archive.h"
 #include "toolkit/bitmap/bitmap.h"
 
 namespace qmk::toolkit::richcontent {
@@ -18,6 +19,15 @@ class CExtRichDocObjectBase {
   explicit CExtRichDocObjectBase(std::string name) : m_strName(std::move(name)) {}
   virtual ~CExtRichDocObjectBase() = default;
   const std::string& Name() const { return m_strName; }
+  // Stores or loads the name, a 32-bit "has children" word, then what the object holds (a
+  // container: the count and each object). False when the archive failed or the data is wrong.
+  virtual bool Serialize(platform::Archive& ar);
+  // The tag that tells the object's class in a container's archive.
+  virtual uint8_t ClassTag() const { return 0; }
+
+ protected:
+  virtual bool SerializeContent(platform::Archive& /*ar*/) { return true; }
+  virtual bool HasChildren() const { return false; }
 
  private:
   std::string m_strName;
@@ -27,7 +37,11 @@ class CExtRichDocObjectBase {
 class CExtRichDocObjectImage : public CExtRichDocObjectBase {
  public:
   using CExtRichDocObjectBase::CExtRichDocObjectBase;
+  uint8_t ClassTag() const override { return 1; }
   bitmap::CExtBitmap m_bitmap;
+
+ protected:
+  bool SerializeContent(platform::Archive& ar) override { return m_bitmap.Serialize(ar); }
 };
 
 // A text with the layout parsed from it; setting the text parses it again.
@@ -38,6 +52,10 @@ class CExtRichDocObjectLayoutKeeper : public CExtRichDocObjectBase {
   bool SetText(std::string_view text, int form);
   const std::string& Text() const { return m_strText; }
   CExtRichContentLayout& Layout() { return *m_pLayout; }
+  uint8_t ClassTag() const override { return 2; }
+
+ protected:
+  bool SerializeContent(platform::Archive& ar) override;
 
  private:
   std::string m_strText;
@@ -54,6 +72,11 @@ class CExtRichDocObjectContainer : public CExtRichDocObjectBase {
   bool Remove(std::string_view name);
   void RemoveAll() { m_objects.clear(); }
   size_t Count() const { return m_objects.size(); }
+  uint8_t ClassTag() const override { return 3; }
+
+ protected:
+  bool SerializeContent(platform::Archive& ar) override;
+  bool HasChildren() const override { return true; }
 
  private:
   std::map<std::string, std::unique_ptr<CExtRichDocObjectBase>> m_objects;
