@@ -33,5 +33,6 @@ int RunSettings(Args& args);
 int RunType(Args& args);
 int RunPlaces(Args& args);
 int RunZone(Args& args);
+int RunMarkup(Args& args);
 
 }  // namespace qmkscan

@@ -42,6 +42,8 @@ constexpr Command kCommands[] = {
     {"places", "[--zone NAME] [--at TIME]", "list the world map's places with their labels, zones and times", RunPlaces},
     {"zone", "OFFSET|NAME [--at TIME]", "print the world map's text for a zone (hours such as -3.5 or a zone name)",
      RunZone},
+    {"markup", "FILE|- [--css FILE]",
+     "read a rich content document; print its item tree, error codes and computed styles", RunMarkup},
 };
 
 void PrintHelp(std::FILE* out) {

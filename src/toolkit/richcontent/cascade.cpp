@@ -1,0 +1,183 @@
+// cascade.cpp: the style cascade of an item: its own rule from linked sheets, attributes and
+// inline declarations, state rules, run-time declarations and item states.
+#include <string>
+
+#include "toolkit/richcontent/layout.h"
+#include "toolkit/richcontent/readers.h"
+
+namespace qmk::toolkit::richcontent {
+
+// ---- pseudo state sets ----
+
+bool PseudoStateSet::IsEmpty() const {
+  for (int32_t f : m_fields)
+    if (f != 0) return false;
+  return true;
+}
+
+void PseudoStateSet::MergeFrom(const PseudoStateSet& other) {
+  for (int i = 0; i < kPseudoFieldCount; ++i)
+    if (other.m_fields[i] != 0) m_fields[i] = other.m_fields[i];
+}
+
+bool PseudoStateSet::Matches(const PseudoStateSet& rule, const PseudoStateSet& state) {
+  // Pseudo elements (and the reserved field) match with nothing further.
+  for (PseudoField f : {kPseudoAfter, kPseudoBefore, kPseudoFirstChild, kPseudoFirstLetter,
+                        kPseudoFirstLine, kPseudoReserved})
+    if (rule.m_fields[f] != 0) return true;
+  bool named = false;
+  for (PseudoField f : {kPseudoDisabled, kPseudoActive, kPseudoFocus, kPseudoSelection,
+                        kPseudoHover, kPseudoPressed, kPseudoLink, kPseudoVisited}) {
+    if (rule.m_fields[f] == 0) continue;
+    named = true;
+    if (state.m_fields[f] != 2) return false;
+  }
+  return named;
+}
+
+// ---- the rules of one layout ----
+
+void CExtRichContentLayout::MergeRulesOf(CExtRichContentItem& item, const char* name,
+                                         CExtRichStyleRule& rule,
+                                         const CExtRichStyleDescription& parentStyle) {
+  const std::string key = name ? std::string(name) : item.TagNameLower();
+  if (key.empty()) return;
+  CExtRichContentItem* keyItem = FindRuleKey(key);
+  if (!keyItem) return;
+  CExtRichStyleRule fresh;
+  keyItem->ApplyDeclarations(fresh, parentStyle);
+  rule.Merge(fresh);
+  // State rules win over the plain key, later ones over earlier ones.
+  for (CExtRichContentItem* child : keyItem->m_ruleChildren) {
+    if (child->m_nKind != kKindRule || !PseudoStateSet::Matches(child->m_state, item.m_state))
+      continue;
+    // ":before" and ":after" rules belong to the generated content, not to the item itself.
+    if (child->m_state.m_fields[kPseudoBefore]) {
+      rule.m_pBeforeRule = child;
+      continue;
+    }
+    if (child->m_state.m_fields[kPseudoAfter]) {
+      rule.m_pAfterRule = child;
+      continue;
+    }
+    fresh.Reset();
+    child->ApplyDeclarations(fresh, parentStyle);
+    rule.Merge(fresh);
+  }
+}
+
+// ---- the item's side ----
+
+CExtRichStyleRule& CExtRichContentItem::Rule() {
+  if (!m_pRule) m_pRule = std::make_unique<CExtRichStyleRule>();
+  return *m_pRule;
+}
+
+CExtRichStyleDescription& CExtRichContentItem::Style() {
+  if (!m_pStyle) m_pStyle = std::make_unique<CExtRichStyleDescription>();
+  return *m_pStyle;
+}
+
+void CExtRichContentItem::ComputeRule(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
+  rule.Reset();
+  CExtRichStyleRule& own = Rule();
+  // Declarations are resolved once per item and reused at every layout.
+  if (!m_bFilled) {
+    FillRule(rule, parentStyle);
+    if (m_pRunTimeRule) rule.Merge(*m_pRunTimeRule);  // they stay until the layout is emptied
+    m_bFilled = true;
+    own = rule;
+  } else {
+    rule = own;
+  }
+}
+
+void CExtRichContentItem::FillRule(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
+  ApplyAttributes(rule, parentStyle);
+  ApplyDeclarations(rule, parentStyle);  // so an inline "style" wins over every other source
+}
+
+void CExtRichContentItem::ApplyAttributes(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
+  if (m_nKind == kKindRule) return;
+  if (m_pClassList) m_pClassList->clear();  // read again when the rule is filled again
+  for (CExtRichContentLayout* sheet : m_pLayout->LinkedLayouts())
+    sheet->MergeRulesOf(*this, nullptr, rule, parentStyle);
+  m_pLayout->MergeRulesOf(*this, nullptr, rule, parentStyle);
+  for (CExtRichContentItem* attribute : m_attributes)
+    if (attribute->m_nKind == kKindAttribute && !attribute->m_strRaw.empty())
+      ApplyAttribute(*this, *attribute, rule, parentStyle);
+}
+
+void CExtRichContentItem::ApplyDeclarations(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
+  for (CExtRichContentItem* attribute : m_attributes) {
+    if (attribute->m_nKind != kKindStyleAttribute) continue;
+    for (CExtRichContentItem* declaration : attribute->m_attributes)
+      ApplyProperty(*this, *declaration, rule, parentStyle);
+  }
+}
+
+const CExtRichStyleDescription& CExtRichContentItem::ComputeStyle(const CExtRichStyleDescription& parentStyle) {
+  CExtRichStyleDescription& style = Style();
+  if (m_bComputed) return style;
+  style.CopyFromParent(parentStyle);
+  if (IsElement()) {
+    CExtRichStyleRule rule;
+    ComputeRule(rule, parentStyle);
+    style.Compute(rule, parentStyle);
+    if (m_bBlockDisplay && rule.m_enums[kDisplay] == InfoOf(kDisplay).reset) style.m_enums[kDisplay] = 1;
+  } else if (m_nKind == kKindRoot) {
+    style.Assign(parentStyle);
+  }
+  m_bComputed = true;
+  return style;
+}
+
+bool CExtRichContentItem::ApplyRunTimeDeclarations(std::string_view declarations,
+                                                   const CExtRichStyleDescription& parentStyle) {
+  std::string escaped;
+  for (char c : declarations) {
+    if (c == '"') escaped += '\\';
+    escaped += c;
+  }
+  CExtRichContentItem* scratch = m_pLayout->NewItem(kKindRule);
+  scratch->m_strName = "$$TempClassName$$ style=\"" + escaped + "\"";
+  if (!scratch->ParseTagText()) return false;
+  CExtRichStyleRule declared;
+  scratch->ApplyDeclarations(declared, parentStyle);
+  if (!m_bFilled) {
+    CExtRichStyleRule filled;
+    ComputeRule(filled, parentStyle);
+  }
+  if (!m_pRunTimeRule) m_pRunTimeRule = std::make_unique<CExtRichStyleRule>();
+  m_pRunTimeRule->Merge(declared);
+  Rule().Merge(declared);
+  Style().CopyFromParent(parentStyle);
+  Style().Compute(Rule(), parentStyle);
+  m_bFilled = true;
+  m_bComputed = true;
+  return true;
+}
+
+bool CExtRichContentItem::SetState(const PseudoStateSet& fields, int32_t value, bool recursive) {
+  std::vector<CExtRichContentItem*> work{this};
+  bool changed = false;
+  while (!work.empty()) {
+    CExtRichContentItem* item = work.back();
+    work.pop_back();
+    if (item->m_nKind >= kKindAttribute) continue;
+    // A sink that answers the query takes the change over.
+    if (item->m_pLayout->QueryItemState(*item, fields, value)) continue;
+    for (int f = 0; f < kPseudoFieldCount; ++f)
+      if (fields.m_fields[f] != 0) item->m_state.m_fields[f] = value;
+    // State rules take part in the item's own rule, so it is resolved again.
+    item->m_bFilled = false;
+    item->m_bComputed = false;
+    changed = true;
+    if (recursive)
+      for (CExtRichContentItem* child : item->m_children)
+        if (child->m_nKind == kKindTag) work.push_back(child);
+  }
+  return changed;
+}
+
+}  // namespace qmk::toolkit::richcontent
