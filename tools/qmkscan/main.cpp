@@ -35,6 +35,8 @@ constexpr Command kCommands[] = {
                  "[--ini NAME: SECTION KEY instead of KEY NAME]",
      "read and write the settings store (per-user keys, --machine keys, or an INI file)",
      RunSettings},
+    {"theme-sheet", "--theme ID --png FILE | --list",
+     "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
 };
 
 void PrintHelp(std::FILE* out) {

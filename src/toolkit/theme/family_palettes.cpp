@@ -121,7 +121,7 @@ constexpr FamilyPalette kPalettes[] = {
 
 using enum RecipeOp;
 constexpr RecipeRow kRecipe[] = {
-    {kClrDialogTop, kMix, kSeedWhite, kSeedBack, 40},
+    {kClrDialogTop, kShade, kSeedBack, 0, 25},
     {kClrDialogBottom, kCopy, kSeedBack, 0, 0},
     {kClrFaceTop, kMix, kSeedWhite, kSeedFace, 60},
     {kClrFaceBottom, kCopy, kSeedFace, 0, 0},
@@ -153,6 +153,7 @@ constexpr RecipeRow kRecipe[] = {
     {kClrIconArea, kMix, kSeedWhite, kSeedBack, 70},
     {kClrFocus, kCopy, kSeedSelect, 0, 0},
     {kClrPressedBottom, kMix, kSeedWhite, kSeedPress, 25},
+    {kClrDisabledLabel, kMix, kSeedLabel, kSeedBack, 55},
 };
 
 uint32_t Shade(uint32_t rgb, int hundredths) {
@@ -214,6 +215,7 @@ WidgetLook ModernLook(const ThemeShape& shape) {
   l.text = kClrText;
   l.disabled_text = kClrDisabledText;
   l.label_text = kClrLabelText;
+  l.disabled_label = kClrDisabledLabel;
   l.field = kClrField;
   l.field_border = kClrFieldBorder;
   l.field_disabled = kClrFieldDisabled;

@@ -19,7 +19,8 @@ enum ModernColor : int {
   kClrLabelText, kClrField, kClrFieldBorder, kClrFieldDisabled, kClrMark, kClrTabStrip,
   kClrTabSelectedTop, kClrTabSelectedBottom, kClrTabBorder, kClrProgressTrack, kClrProgressTop,
   kClrProgressBottom, kClrScrollTrack, kClrSelection, kClrSelectionText, kClrGripper,
-  kClrGroupLine, kClrIconArea, kClrFocus, kClrPressedBottom, kClrModernLast = kClrPressedBottom
+  kClrGroupLine, kClrIconArea, kClrFocus, kClrPressedBottom, kClrDisabledLabel,
+  kClrModernLast = kClrDisabledLabel
 };
 
 // The seeds of a family. White and black follow as fixed seeds that recipes may name.

@@ -48,7 +48,7 @@ constexpr WidgetLook kXpLook = {
     COLOR_BTNFACE, COLOR_BTNFACE, 2002,      // face, border
     1001, 1001, 2004,                        // hot
     2003, 2003, 2004,                        // pressed
-    COLOR_BTNTEXT, COLOR_GRAYTEXT, COLOR_WINDOWTEXT,
+    COLOR_BTNTEXT, COLOR_GRAYTEXT, COLOR_WINDOWTEXT, COLOR_GRAYTEXT,
     COLOR_WINDOW, 2002, COLOR_BTNFACE,       // field
     COLOR_WINDOWTEXT,                        // mark
     2000, COLOR_WINDOW, COLOR_WINDOW, 2002,  // tabs

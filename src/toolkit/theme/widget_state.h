@@ -54,7 +54,7 @@ struct WidgetLook {
   int face_top, face_bottom, border;
   int hot_top, hot_bottom, hot_border;
   int pressed_top, pressed_bottom, pressed_border;
-  int text, disabled_text, label_text;
+  int text, disabled_text, label_text, disabled_label;
   int field, field_border, field_disabled;
   int mark;
   int tab_strip, tab_selected_top, tab_selected_bottom, tab_border;

@@ -1,0 +1,35 @@
+// cmd_theme.cpp: qmkscan theme-sheet: draws every widget in every state in one theme to a PNG
+// file, or lists the theme ids.
+#include <cstdio>
+
+#include "commands.h"
+#include "toolkit/theme/selection.h"
+#include "toolkit/theme/theme_sheet.h"
+
+namespace qmkscan {
+
+int RunThemeSheet(Args& args) {
+  namespace theme = qmk::toolkit::theme;
+  if (args.Flag("list")) {
+    if (!args.NoUnknownOptions("theme-sheet")) return 2;
+    for (const theme::ThemeChoice& c : theme::ThemeChoices())
+      std::printf("%d  %-42s %s\n", c.id, c.display_name, c.cls->m_lpszClassName);
+    return 0;
+  }
+  const std::optional<long> id = IntOption(args, "theme", -1);
+  const std::optional<std::string> png = args.Option("png");
+  if (!id || !args.NoUnknownOptions("theme-sheet")) return 2;
+  if (*id < 0 || !png || !args.rest().empty()) {
+    std::fprintf(stderr, "usage: qmkscan theme-sheet --theme ID --png FILE | --list\n");
+    return 2;
+  }
+  if (!theme::WriteThemeSheetPng(static_cast<int>(*id), *png)) {
+    std::fprintf(stderr, "qmkscan theme-sheet: can't write \"%s\"\n", png->c_str());
+    return 1;
+  }
+  std::printf("%s: theme %ld, %s\n", png->c_str(), *id,
+              theme::PaintManagerClassForId(static_cast<int>(*id))->m_lpszClassName);
+  return 0;
+}
+
+}  // namespace qmkscan
