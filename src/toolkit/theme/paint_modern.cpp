@@ -195,8 +195,8 @@ void TabStrip(CExtPaintManager& pm, const WidgetLook& l, DrawTarget& dc, const D
       f = {pm.GetColor(l.tab_selected_top), page_top, pm.GetColor(l.tab_border)};
     }
     // Tabs are faces whose lower corners are hidden under the pane's edge.
-    draw::ShadedFace(dc, {t.left, t.top, t.right, t.bottom + radius}, f.top, f.bottom, radius);
-    draw::RoundFrame(dc, {t.left, t.top, t.right, t.bottom + radius}, f.border, radius);
+    if (sel && !l.gradient) f.bottom = f.top;
+    Face(pm, l, dc, {t.left, t.top, t.right, t.bottom + radius}, f);
     if (sel) draw::Fill(dc, {t.left + 1, parts.pane.top, t.right - 1, parts.pane.top + 1 + radius}, f.bottom);
     else draw::Fill(dc, {t.left, parts.pane.top, t.right, parts.pane.top + 1}, pm.GetColor(l.tab_border));
     draw::Fill(dc, {t.left + 1, parts.pane.top + 1, t.right - 1, parts.pane.top + 1 + radius},
