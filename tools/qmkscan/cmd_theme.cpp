@@ -1,6 +1,9 @@
 // cmd_theme.cpp: qmkscan theme-sheet: draws every widget in every state in one theme to a PNG
 // file, or lists the theme ids.
+#include <cerrno>
+#include <climits>
 #include <cstdio>
+#include <cstdlib>
 
 #include "commands.h"
 #include "toolkit/theme/selection.h"
@@ -16,19 +19,27 @@ int RunThemeSheet(Args& args) {
       std::printf("%d  %-42s %s\n", c.id, c.display_name, c.cls->m_lpszClassName);
     return 0;
   }
-  const std::optional<long> id = IntOption(args, "theme", -1);
+  const std::optional<std::string> id_text = args.Option("theme");
   const std::optional<std::string> png = args.Option("png");
-  if (!id || !args.NoUnknownOptions("theme-sheet")) return 2;
-  if (*id < 0 || !png || !args.rest().empty()) {
+  if (!args.NoUnknownOptions("theme-sheet")) return 2;
+  if (!id_text || !png || !args.rest().empty()) {
     std::fprintf(stderr, "usage: qmkscan theme-sheet --theme ID --png FILE | --list\n");
     return 2;
   }
-  if (!theme::WriteThemeSheetPng(static_cast<int>(*id), *png)) {
+  // Any 32-bit id is a theme id: those without a class of their own draw the plain theme.
+  char* end = nullptr;
+  errno = 0;
+  const long id = std::strtol(id_text->c_str(), &end, 10);
+  if (id_text->empty() || *end != '\0' || errno == ERANGE || id < INT_MIN || id > INT_MAX) {
+    std::fprintf(stderr, "qmkscan theme-sheet: --theme wants a 32-bit number, not \"%s\"\n", id_text->c_str());
+    return 2;
+  }
+  if (!theme::WriteThemeSheetPng(static_cast<int>(id), *png)) {
     std::fprintf(stderr, "qmkscan theme-sheet: can't write \"%s\"\n", png->c_str());
     return 1;
   }
-  std::printf("%s: theme %ld, %s\n", png->c_str(), *id,
-              theme::PaintManagerClassForId(static_cast<int>(*id))->m_lpszClassName);
+  std::printf("%s: theme %ld, %s\n", png->c_str(), id,
+              theme::PaintManagerClassForId(static_cast<int>(id))->m_lpszClassName);
   return 0;
 }
 
