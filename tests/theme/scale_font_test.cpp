@@ -74,6 +74,7 @@ TEST(UiFont, GtkFontNames) {
       {"DejaVu Sans Bold 9", 96, true, "DejaVu Sans", -12, 700},
       {"Noto Sans Regular 10.5", 96, true, "Noto Sans", -14, 400},
       {"Ubuntu 11", 144, true, "Ubuntu", -22, 400},
+      {"Noto Sans Semi-Bold Italic 9", 96, true, "Noto Sans", -12, 700},
       {"Cantarell", 96, false, "", 0, 0},
       {"11", 96, false, "", 0, 0},
       {"Sans 0", 96, false, "", 0, 0},

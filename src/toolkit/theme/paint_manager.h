@@ -57,7 +57,7 @@ class CExtPaintManager : public CObject {
   // ---- fonts
   virtual void SyncSysColors();
   const LogFont& NormalLogFont() const { return m_lfNormal; }
-  const platform::FontSpec& Font(int which = 0) const { return m_fonts[which % 3]; }
+  const platform::FontSpec& Font(int which = 0) const { return m_fonts[static_cast<unsigned>(which) % 3]; }
   unsigned m_dwSyncFontFlags = 0;
 
   // ---- theme identity
@@ -82,8 +82,10 @@ class CExtPaintManager : public CObject {
   int ColorDepth() const { return m_nColorDepth; }
   size_t ColorCount() const { return m_colors.size(); }
   bool HasTranslation(int logical) const { return m_mapColorTranslate.count(logical) != 0; }
-  const HelperBrush& Brush(int which) const { return m_brushes[which % 6]; }
-  const HelperBrush& SystemBrush(int which) const { return m_systemBrushes[which % 6]; }
+  const HelperBrush& Brush(int which) const { return m_brushes[static_cast<unsigned>(which) % 6]; }
+  const HelperBrush& SystemBrush(int which) const {
+    return m_systemBrushes[static_cast<unsigned>(which) % 6];
+  }
   int GetShadowAlpha() const { return m_nShadowAlpha; }
 
   // ---- widgets. The base class draws the raised and sunken edges of the classic look; themes

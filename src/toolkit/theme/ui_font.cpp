@@ -52,6 +52,25 @@ std::string ReadGtkFontSetting() {
   return {};
 }
 
+// Style words GTK may put between the family and the size, and the weight each asks for
+// (0 keeps the weight).
+struct StyleWord {
+  const char* word;
+  int weight;
+};
+constexpr StyleWord kStyleWords[] = {
+    {"Regular", 0}, {"Book", 0},   {"Normal", 0},    {"Italic", 0},   {"Oblique", 0},
+    {"Light", 0},   {"Thin", 0},   {"Medium", 0},    {"Bold", 700},   {"Semi-Bold", 700},
+    {"SemiBold", 700},
+};
+
+// The weight a style word asks for, 0 for none, or -1 when the word is part of the family.
+int StyleWeight(const std::string& w) {
+  for (const StyleWord& s : kStyleWords)
+    if (w == s.word) return s.weight;
+  return -1;
+}
+
 }  // namespace
 
 bool ParseGtkFontName(const std::string& text, int dpi_y, LogFont& out) {
@@ -66,9 +85,9 @@ bool ParseGtkFontName(const std::string& text, int dpi_y, LogFont& out) {
   LogFont lf;
   lf.lfFaceName.clear();
   for (const std::string& w : parts) {
-    if (w == "Bold") lf.lfWeight = 700;
-    else if (w == "Regular" || w == "Book" || w == "Normal") continue;
-    else lf.lfFaceName += (lf.lfFaceName.empty() ? "" : " ") + w;
+    const int weight = StyleWeight(w);
+    if (weight > 0) lf.lfWeight = weight;
+    if (weight < 0) lf.lfFaceName += (lf.lfFaceName.empty() ? "" : " ") + w;
   }
   if (lf.lfFaceName.empty()) return false;
   lf.lfHeight = -MulDiv(static_cast<int>(points * 10 + 0.5), dpi_y, 720);
