@@ -78,6 +78,9 @@ TEST(UiFont, GtkFontNames) {
       {"Cantarell", 96, false, "", 0, 0},
       {"11", 96, false, "", 0, 0},
       {"Sans 0", 96, false, "", 0, 0},
+      {"Sans .015", 96, false, "", 0, 0},
+      {"Sans nan", 96, false, "", 0, 0},
+      {"Sans 1", 72, true, "Sans", -1, 400},
       {"Sans 1e9", 96, false, "", 0, 0},
       {"", 96, false, "", 0, 0},
   };

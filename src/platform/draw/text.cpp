@@ -3,6 +3,7 @@
 #include "platform/draw/text.h"
 
 #include <cairo.h>
+#include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>
 #include <strings.h>
 
@@ -161,6 +162,12 @@ bool FontFamilyInstalled(const std::string& face) {
     found = strcasecmp(pango_font_family_get_name(families[i]), face.c_str()) == 0;
   g_free(families);
   return found;
+}
+
+void ReleaseFontCaches() {
+  pango_cairo_font_map_set_default(nullptr);
+  cairo_debug_reset_static_data();
+  FcFini();
 }
 
 }  // namespace qmk::platform

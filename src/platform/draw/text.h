@@ -43,4 +43,8 @@ bool DrawText(DrawTarget& target, const DrawRect& box, const std::string& text,
 // True when the font map has a family of this name (compared without case).
 bool FontFamilyInstalled(const std::string& face);
 
+// Frees the process-wide font map and font configuration caches, so that a leak checker sees a
+// clean exit; text drawn afterwards builds them again.
+void ReleaseFontCaches();
+
 }  // namespace qmk::platform

@@ -80,7 +80,8 @@ bool ParseGtkFontName(const std::string& text, int dpi_y, LogFont& out) {
   if (parts.size() < 2) return false;
   char* end = nullptr;
   const double points = std::strtod(parts.back().c_str(), &end);
-  if (*end != '\0' || points <= 0 || points > 200) return false;
+  // Sizes under a point would round to a height of 0, which means "any size" to a font record.
+  if (*end != '\0' || !(points >= 1) || points > 200) return false;
   parts.pop_back();
   LogFont lf;
   lf.lfFaceName.clear();
