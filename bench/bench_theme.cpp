@@ -11,15 +11,17 @@
 namespace {
 
 namespace theme = qmk::toolkit::theme;
+// The class record macro pastes the class name, so it takes names without their namespace.
+using namespace qmk::toolkit::theme;
 
-const theme::CRuntimeClass* const kFamilies[] = {
-    QMK_RUNTIME_CLASS(theme::CExtPaintManager),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerXP),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerNativeXP),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerOffice2003),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerStudio2005),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerOffice2007_R1),
-    QMK_RUNTIME_CLASS(theme::CExtPaintManagerOffice2010_R1),
+const CRuntimeClass* const kFamilies[] = {
+    QMK_RUNTIME_CLASS(CExtPaintManager),
+    QMK_RUNTIME_CLASS(CExtPaintManagerXP),
+    QMK_RUNTIME_CLASS(CExtPaintManagerNativeXP),
+    QMK_RUNTIME_CLASS(CExtPaintManagerOffice2003),
+    QMK_RUNTIME_CLASS(CExtPaintManagerStudio2005),
+    QMK_RUNTIME_CLASS(CExtPaintManagerOffice2007_R1),
+    QMK_RUNTIME_CLASS(CExtPaintManagerOffice2010_R1),
 };
 
 std::unique_ptr<theme::CExtPaintManager> Make(int family) {
