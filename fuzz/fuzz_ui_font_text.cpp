@@ -3,11 +3,18 @@
 // bytes must measure and draw without fault, and never draw outside its box.
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "platform/draw/draw_target.h"
 #include "platform/draw/text.h"
 #include "toolkit/theme/ui_font.h"
+
+// The font caches live for the whole process; they go before the leak checker looks at exit.
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  std::atexit([] { qmk::platform::ReleaseFontCaches(); });
+  return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size > 512) return 0;
@@ -15,7 +22,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   qmk::toolkit::theme::LogFont lf;
   const int dpi = size ? 72 + data[0] % 128 : 96;
   if (qmk::toolkit::theme::ParseGtkFontName(text, dpi, lf)) {
-    if (lf.lfFaceName.empty() || lf.lfHeight >= 0 || lf.lfHeight < -400) __builtin_trap();
+    // At most 200 points: the height is bounded by the dpi.
+    const int tallest = -qmk::toolkit::theme::MulDiv(2000, dpi, 720);
+    if (lf.lfFaceName.empty() || lf.lfHeight >= 0 || lf.lfHeight < tallest) __builtin_trap();
   }
   qmk::platform::FontSpec font;
   const qmk::platform::TextSize measured = qmk::platform::MeasureText(text, font, true);
