@@ -1,5 +1,7 @@
 // paint_classic.cpp: the base theme's widgets: grey faces with raised and sunken edges in the
 // system's highlight, light, shadow and dark shadow colours.
+#include <algorithm>
+
 #include "toolkit/theme/draw_primitives.h"
 #include "toolkit/theme/painters.h"
 #include "toolkit/theme/system_colors.h"

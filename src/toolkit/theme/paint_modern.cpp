@@ -1,6 +1,8 @@
 // paint_modern.cpp: widgets of the flat and shaded themes, drawn from the logical colours and
 // the shape of a WidgetLook: flat XP faces, shaded Office 2003 and Studio faces, glossy rounded
 // Office 2007 faces, and so on.
+#include <algorithm>
+
 #include "toolkit/theme/draw_primitives.h"
 #include "toolkit/theme/painters.h"
 #include "toolkit/theme/widget_layout.h"
