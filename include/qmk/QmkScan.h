@@ -323,6 +323,11 @@ typedef struct ScnOperator {
 QMK_API int ScnSetOperator(const ScnOperator* op);
 #define QMK_ERROR_BAD_OPERATOR 9002
 
+/* Selects the theme that every widget of the library draws with, by its id (0 is the plain
+ * theme), and passes the id on to the recognition library unchanged. Takes effect when a window
+ * next paints; may be called at any time. */
+QMK_API void ScnSetPaintManager(int theme_id);
+
 /* Forwarders to the recognition library. */
 QMK_API void ScnShowOptionalComponents(void);
 QMK_API int ScnOptionalComponentCount(void);

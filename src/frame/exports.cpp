@@ -1,11 +1,18 @@
 // exports.cpp: the frame's exports. The forwarders switch no module state: they add nothing to
 // the recognition library's calls.
 #include "frame/callback_operator.h"
+#include "frame/module_state_guard.h"
 #include "frame/operator.h"
 #include "qmk/QmkRecog.h"
 #include "qmk/QmkScan.h"
+#include "toolkit/theme/selection.h"
 
 extern "C" {
+
+QMK_API void ScnSetPaintManager(int theme_id) {
+  qmk::frame::ModuleStateGuard guard;
+  qmk::toolkit::theme::SelectPaintManagerById(theme_id, [](int id) { QrcrSetPaintManager(id); });
+}
 
 QMK_API void ScnShowOptionalComponents(void) { ShowOptionalComponents(); }
 

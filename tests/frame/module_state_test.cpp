@@ -58,6 +58,7 @@ TEST_F(SessionTest, ExportsRestoreTheCallersStateOnSuccessAndFailure) {
          char out[QMK_NAME_BYTES];
          ScnMakeAutoName(nullptr, "", out, &record, 0);
        }, 1},
+      {"theme", [] { ScnSetPaintManager(29765); ScnSetPaintManager(0); }, 2},
       // Plain table work and record filling enter nothing.
       {"lead edge default", [] { EXPECT_EQ(ScnGetDefaultLeadEdgeTol(12), 12); }, 0},
       {"PadLot record filling", [&] { ScnSetCfigWithPadLotInfo(3, &good.cfg, &good.comm); }, 0},

@@ -34,5 +34,6 @@ int RunType(Args& args);
 int RunPlaces(Args& args);
 int RunZone(Args& args);
 int RunMarkup(Args& args);
+int RunThemeSheet(Args& args);
 
 }  // namespace qmkscan

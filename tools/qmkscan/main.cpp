@@ -44,6 +44,8 @@ constexpr Command kCommands[] = {
      RunZone},
     {"markup", "FILE|- [--css FILE]",
      "read a rich content document; print its item tree, error codes and computed styles", RunMarkup},
+    {"theme-sheet", "--theme ID --png FILE | --list",
+     "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
 };
 
 void PrintHelp(std::FILE* out) {
