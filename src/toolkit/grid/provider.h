@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "toolkit/formula/range_set.h"
 #include "toolkit/grid/cell.h"
 #include "toolkit/grid/sort_order.h"
+#include "toolkit/grid/types.h"
 
 namespace qmk::toolkit::bitmap {
 class CExtCmdIcon;
@@ -128,8 +130,25 @@ class CExtGridDataProviderBL : public CExtGridDataProvider {
   void TellRemove(bool columns, int position, int count) {
     if (m_pObserver) m_pObserver->OnSeriesRemove(columns, position, count);
   }
-  // Shared by both stores: the sort orders and the counts, before and after the cells.
-  bool SerializeHeader(Archive& ar, int& columns, int& rows);
+  // The archive form both stores share: the header (counts, reserved counts, sort switches,
+  // both sort orders), then a 32-bit cell count and per cell its position key (column + 1 in
+  // the low half, row + 1 in the high half; 0 in a half marks a default), the class name and the
+  // cell's own form.
+  struct ArchiveHeader {
+    int columns = 0, rows = 0, reservedColumns = 0, reservedRows = 0;
+    uint32_t sortFlags = 0;
+    CExtGridDataSortOrder byColumns, byRows;
+  };
+  struct CellRecord {
+    int64_t key;
+    CExtGridCell* cell;  // from the heap until the store adopts it
+  };
+  bool StoreHeader(Archive& ar, int columns, int rows);
+  static bool LoadHeader(Archive& ar, ArchiveHeader& header);
+  void ApplyHeader(const ArchiveHeader& header);
+  static bool StoreCell(Archive& ar, int64_t key, CExtGridCell* cell);
+  // Reads every record; false (with nothing kept) on damage or a position outside the header.
+  static bool LoadCells(Archive& ar, const ArchiveHeader& header, std::vector<CellRecord>& cells);
   // The order in which SortRun places the data series of one direction: element i is the old
   // position of the series that goes to position reserved + i.
   bool SortPermutation(bool columns, CExtGridDataSortProgress* progress, std::vector<int>& order);

@@ -38,32 +38,68 @@ bool CExtGridDataProviderBL::CacheReservedCountsSet(int columns, int rows) {
   return true;
 }
 
-bool CExtGridDataProviderBL::SerializeHeader(Archive& ar, int& columns, int& rows) {
-  if (ar.IsStoring()) {
-    ar.WriteU32(static_cast<uint32_t>(columns));
-    ar.WriteU32(static_cast<uint32_t>(rows));
-    ar.WriteU32(static_cast<uint32_t>(m_nReservedColCount));
-    ar.WriteU32(static_cast<uint32_t>(m_nReservedRowCount));
-    ar.WriteU32(m_dwSortFlags);
-    m_soColumns.Serialize(ar);
-    m_soRows.Serialize(ar);
-    return ar.ok();
-  }
-  columns = static_cast<int32_t>(ar.ReadU32());
-  rows = static_cast<int32_t>(ar.ReadU32());
-  const auto reservedColumns = static_cast<int32_t>(ar.ReadU32());
-  const auto reservedRows = static_cast<int32_t>(ar.ReadU32());
-  const uint32_t flags = ar.ReadU32();
-  if (!ar.ok() || columns < 0 || rows < 0 || reservedColumns < 0 || reservedRows < 0 ||
-      reservedColumns > columns || reservedRows > rows)
+bool CExtGridDataProviderBL::StoreHeader(Archive& ar, int columns, int rows) {
+  ar.WriteU32(static_cast<uint32_t>(columns));
+  ar.WriteU32(static_cast<uint32_t>(rows));
+  ar.WriteU32(static_cast<uint32_t>(m_nReservedColCount));
+  ar.WriteU32(static_cast<uint32_t>(m_nReservedRowCount));
+  ar.WriteU32(m_dwSortFlags);
+  m_soColumns.Serialize(ar);
+  m_soRows.Serialize(ar);
+  return ar.ok();
+}
+
+bool CExtGridDataProviderBL::LoadHeader(Archive& ar, ArchiveHeader& h) {
+  h.columns = static_cast<int32_t>(ar.ReadU32());
+  h.rows = static_cast<int32_t>(ar.ReadU32());
+  h.reservedColumns = static_cast<int32_t>(ar.ReadU32());
+  h.reservedRows = static_cast<int32_t>(ar.ReadU32());
+  h.sortFlags = ar.ReadU32();
+  if (!ar.ok() || h.columns < 0 || h.rows < 0 || h.reservedColumns < 0 || h.reservedRows < 0 ||
+      h.reservedColumns > h.columns || h.reservedRows > h.rows)
     return false;
-  CExtGridDataSortOrder byColumns, byRows;
-  if (!byColumns.Serialize(ar) || !byRows.Serialize(ar)) return false;
-  m_nReservedColCount = reservedColumns;
-  m_nReservedRowCount = reservedRows;
-  m_dwSortFlags = flags;
-  m_soColumns = byColumns;
-  m_soRows = byRows;
+  return h.byColumns.Serialize(ar) && h.byRows.Serialize(ar);
+}
+
+void CExtGridDataProviderBL::ApplyHeader(const ArchiveHeader& h) {
+  m_nReservedColCount = h.reservedColumns;
+  m_nReservedRowCount = h.reservedRows;
+  m_dwSortFlags = h.sortFlags;
+  m_soColumns = h.byColumns;
+  m_soRows = h.byRows;
+}
+
+bool CExtGridDataProviderBL::StoreCell(Archive& ar, int64_t key, CExtGridCell* cell) {
+  ar.WriteU32(KeyColumn(key));
+  ar.WriteU32(KeyRow(key));
+  ar.WriteString(cell->GetRuntimeClass()->name);
+  return cell->Serialize(ar);
+}
+
+bool CExtGridDataProviderBL::LoadCells(Archive& ar, const ArchiveHeader& h, std::vector<CellRecord>& cells) {
+  cells.clear();
+  auto dropAll = [&cells] {
+    for (CellRecord& r : cells) DestroyCell(r.cell, nullptr);
+    cells.clear();
+  };
+  const uint32_t count = ar.ReadU32();
+  // Each record takes at least 29 bytes (key, a one-letter class name, the base words).
+  if (auto left = ar.Remaining(); !ar.ok() || (left && *left / 29 < count)) return false;
+  for (uint32_t i = 0; i < count; ++i) {
+    const uint32_t column = ar.ReadU32();
+    const uint32_t row = ar.ReadU32();
+    const std::string name = ar.ReadString();
+    const CellClass* cellClass = FindCellClass(name);
+    const bool inside = column <= static_cast<uint32_t>(h.columns) && row <= static_cast<uint32_t>(h.rows) &&
+                        (column != 0 || row != 0);
+    CExtGridCell* cell = ar.ok() && inside && cellClass ? cellClass->CreateObject(nullptr) : nullptr;
+    if (!cell || !cell->Serialize(ar)) {
+      DestroyCell(cell, nullptr);
+      dropAll();
+      return false;
+    }
+    cells.push_back({MakePositionKey(column, row), cell});
+  }
   return true;
 }
 
