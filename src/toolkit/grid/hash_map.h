@@ -112,9 +112,9 @@ class CExtHashMapT {
     return true;
   }
   void RemoveAll() {
-    buckets_.clear();
-    blocks_.clear();
-    index_.clear();
+    std::vector<uint32_t>().swap(buckets_);
+    std::vector<std::unique_ptr<Node[]>>().swap(blocks_);
+    std::vector<uint32_t>().swap(index_);
     free_ = kNone;
     count_ = 0;
     used_ = 0;

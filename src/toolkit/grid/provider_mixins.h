@@ -44,7 +44,7 @@ class CExtGDPI : public BASE {
     std::unique_ptr<bitmap::CExtCmdIcon> entry;
     if (copy) {
       entry = std::make_unique<bitmap::CExtCmdIcon>();
-      if (!entry->AssignFrom(*icon)) return -1;
+      if (!icon->IsEmpty() && !entry->AssignFrom(*icon)) return -1;
     } else {
       entry.reset(icon);
     }
