@@ -35,6 +35,7 @@ constexpr Command kCommands[] = {
                  "[--ini NAME: SECTION KEY instead of KEY NAME]",
      "read and write the settings store (per-user keys, --machine keys, or an INI file)",
      RunSettings},
+    {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
 };
 
 void PrintHelp(std::FILE* out) {

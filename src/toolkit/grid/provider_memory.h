@@ -12,7 +12,7 @@ class CExtGridDataProviderMemory : public CExtGridDataProviderBL {
  public:
   // The dense store refuses to grow past this many columns or rows: a column's vector has an
   // entry for every row, so a count from a damaged archive must not decide the memory taken.
-  static constexpr int kMaxDenseCount = 1 << 22;
+  static constexpr int kMaxDenseCount = 1 << 20;
   static constexpr uint32_t kCellsPerPage = 256;
 
   CExtGridDataProviderMemory();

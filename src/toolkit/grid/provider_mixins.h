@@ -106,11 +106,16 @@ class CExtGDPF : public BASE {
 template <class BASE>
 class CExtGDPJ : public BASE {
  public:
+  // Every cell of a join is made and holds an extent, so one join may not span more cells than
+  // this, and the joins an archive brings no more than kMaxLoadedJoinCells together.
+  static constexpr long long kMaxJoinCells = 1 << 16;
+  static constexpr long long kMaxLoadedJoinCells = 1 << 20;
+
   CExtGDPJ() : m_joins(*this) {}
 
   bool JoinSet(int column, int row, int columns, int rows) {
     if (column < 0 || row < 0 || columns < 1 || rows < 1 || column > this->ColumnCountGet() - columns ||
-        row > this->RowCountGet() - rows)
+        row > this->RowCountGet() - rows || static_cast<long long>(columns) * rows > kMaxJoinCells)
       return false;
     return m_joins.JoinSet(column, row, columns, rows);
   }
@@ -129,6 +134,19 @@ class CExtGDPJ : public BASE {
   bool RowRemove(int position, int count) override {
     return Rejoin([&] { return BASE::RowRemove(position, count); }, [&] { m_joins.OnRowRemove(position, count); });
   }
+  // Joins stay where they are while series move under them; the cells now inside get the extents.
+  bool SortRun(bool columns, CExtGridDataSortProgress* progress = nullptr) override {
+    ForEachJoin(true);
+    const bool done = BASE::SortRun(columns, progress);
+    ForEachJoin(false);
+    return done;
+  }
+  bool MoveSeries(bool columns, int from, int to) override {
+    ForEachJoin(true);
+    const bool done = BASE::MoveSeries(columns, from, to);
+    ForEachJoin(false);
+    return done;
+  }
   // The store's form, then the joins.
   bool Serialize(Archive& ar) override {
     if (!BASE::Serialize(ar)) return false;
@@ -136,13 +154,17 @@ class CExtGDPJ : public BASE {
     CExtGridJoinManager loaded;
     if (!loaded.Serialize(ar)) return false;
     m_joins.RemoveAll();
+    long long cells = 0;
+    bool complete = true;
     for (POSITION p = loaded.MapGet().GetStartPosition(); p;) {
       int64_t key;
       CSize size;
       loaded.MapGet().GetNextAssoc(p, key, size);
-      JoinSet(static_cast<int>(KeyColumn(key)), static_cast<int>(KeyRow(key)), size.cx, size.cy);
+      cells += size.cx > 0 && size.cy > 0 ? static_cast<long long>(size.cx) * size.cy : 0;
+      if (cells > kMaxLoadedJoinCells) return false;
+      complete &= JoinSet(static_cast<int>(KeyColumn(key)), static_cast<int>(KeyRow(key)), size.cx, size.cy);
     }
-    return true;
+    return complete;
   }
 
  private:
