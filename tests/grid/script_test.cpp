@@ -9,7 +9,7 @@ using qmk::toolkit::grid::RunGridScript;
 
 namespace {
 
-std::string Run(const std::string& script, bool ok = true) {
+std::string RunScript(const std::string& script, bool ok = true) {
   std::istringstream in(script);
   std::string out, error;
   EXPECT_EQ(RunGridScript(in, out, error), ok) << error;
@@ -17,7 +17,7 @@ std::string Run(const std::string& script, bool ok = true) {
 }
 
 TEST(GridScript, BuildsChangesAndPrintsAGrid) {
-  const std::string out = Run(
+  const std::string out = RunScript(
       "size 4 5   # four columns, five rows\n"
       "reserved 0 1\n"
       "cell 0 0 text Price\n"
@@ -61,7 +61,7 @@ TEST(GridScript, RefusalsNameTheLine) {
                         Case{"size 2 2\norder rows 1\n", "line 2: order: \"1\" is not N+ or N-"},
                         Case{"size 2 2\njoin 1 1 2 2\n", "line 2: join: outside the grid or too large"},
                         Case{"frobnicate\n", "line 1: cannot read \"frobnicate\""}})
-    EXPECT_EQ(Run(c.script, false), c.error) << c.script;
+    EXPECT_EQ(RunScript(c.script, false), c.error) << c.script;
 }
 
 }  // namespace

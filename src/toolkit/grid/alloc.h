@@ -34,6 +34,7 @@ class IMalloc {
 
 class CExtAlloc : public IMalloc {
  public:
+  // A larger block count is cut to this: a page of 100000 elements is the largest there is.
   static constexpr uint32_t kMaxBlockCount = 100000;
   // Pages never grow past this many bytes of slots; a page of very large elements holds fewer.
   static constexpr size_t kMaxPageBytes = size_t{64} << 20;

@@ -79,7 +79,8 @@ class CExtHashMapT {
   CExtHashMapT& operator=(const CExtHashMapT&) = delete;
   ~CExtHashMapT() = default;
 
-  // Sets the bucket count; only an empty map can be re-sized. False when refused.
+  // Sets the bucket count; only an empty map can be re-sized, and growth never changes it, since
+  // the bucket order is what walkers see. False when refused.
   bool InitHashTable(uint32_t count) {
     if (count_ != 0 || count == 0) return false;
     bucket_count_ = count;
