@@ -18,7 +18,10 @@ int64_t WithIndex(int64_t key, bool columns, int index) {
 }  // namespace
 
 CExtGridDataProviderSparse::CExtGridDataProviderSparse(size_t alignment)
-    : m_pAlloc(new CExtAlloc(kCellsPerPage, nullptr, false, false, alignment)), m_nAlignment(alignment) {}
+    : m_pAlloc(new CExtAlloc(kCellsPerPage, nullptr, false, false, alignment)),
+      m_nAlignment(alignment),
+      m_mapCells(kNodesPerBlock),
+      m_mapPositions(kNodesPerBlock) {}
 
 CExtGridDataProviderSparse::~CExtGridDataProviderSparse() {
   RemoveAllCells();
