@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/archive.h"
+#include "toolkit/grid/cell_family.h"
 #include "toolkit/grid/cell_input.h"
 #include "toolkit/grid/provider_mixins.h"
 #include "toolkit/grid/provider_sparse.h"
@@ -30,7 +31,8 @@ const char* const kCellClasses[] = {
     "CExtGridCell", "CExtGridCellStringDM", "CExtGridCellHeader", "CExtGridCellEx", "CExtGridCellString",
     "CExtGridCellStringMasked", "CExtGridCellPassword", "CExtGridCellCheckBox", "CExtGridCellProgress",
     "CExtGridCellVariant", "CExtGridCellNumber", "CExtGridCellCurrency", "CExtGridCellSystemNumber",
-    "CExtGridCellSystemCurrency"};
+    "CExtGridCellSystemCurrency", "CExtGridCellHyperLink", "CExtGridCellBool", "CExtGridCellDateTime",
+    "CExtGridCellColor", "CExtGridCellSlider"};
 
 }  // namespace
 

@@ -22,7 +22,7 @@ struct Heard : IGridDataObserver {
 };
 
 template <class P>
-std::vector<std::string> Run() {
+std::vector<std::string> Changes() {
   P p;
   Heard heard;
   p.SetObserver(&heard);
@@ -37,8 +37,8 @@ std::vector<std::string> Run() {
 
 TEST(Observer, HearsChangesNotRefusals) {
   const std::vector<std::string> want{"columns +0,3", "rows +0,2", "rows -1,1", "columns -0,1"};
-  EXPECT_EQ(Run<CExtGridDataProviderSparse>(), want);
-  EXPECT_EQ(Run<CExtGridDataProviderMemory>(), want);
+  EXPECT_EQ(Changes<CExtGridDataProviderSparse>(), want);
+  EXPECT_EQ(Changes<CExtGridDataProviderMemory>(), want);
 }
 
 }  // namespace

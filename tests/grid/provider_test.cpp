@@ -339,3 +339,26 @@ TEST(StringDMCell, TextMemoryComesFromTheOwner) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(MemoryProvider, ArchiveByteForByteDefaultsFirst) {
+  CExtGridDataProviderMemory p;
+  p.ColumnInsert(0, 2);
+  p.RowInsert(0, 3);
+  p.CellGet(1, 2, &CExtGridCell::kClass);
+  CExtGridCell model;
+  p.ColumnDefaultValueBind(0, &model);
+  Bytes want;
+  for (uint32_t w : {2u, 3u, 0u, 0u, 0u, 0u, 0u, 2u}) Put32(want, w);
+  const uint32_t keys[2][2] = {{1, 0}, {2, 3}};  // the default of column 0, then the cell at (1, 2)
+  for (const auto& key : keys) {
+    Put32(want, key[0]);
+    Put32(want, key[1]);
+    PutString(want, "CExtGridCell");
+    for (uint32_t w : {0x40000000u, 0x80u, 0xFFFFFFFFu, 0xFFFFFFFFu, 0u}) Put32(want, w);
+  }
+  EXPECT_EQ(Store(p), want);
+}
+
+}  // namespace

@@ -1,6 +1,7 @@
 // cell_classes.cpp: the table of cell classes that archives name.
 #include <cstring>
 
+#include "toolkit/grid/cell_family.h"
 #include "toolkit/grid/cell_input.h"
 
 namespace qmk::toolkit::grid {
@@ -25,6 +26,11 @@ const CellClass* FindCellClass(const std::string& name) {
       &CExtGridCellSystemNumberCurrencyBase::kClass,
       &CExtGridCellSystemNumber::kClass,
       &CExtGridCellSystemCurrency::kClass,
+      &CExtGridCellHyperLink::kClass,
+      &CExtGridCellBool::kClass,
+      &CExtGridCellDateTime::kClass,
+      &CExtGridCellColor::kClass,
+      &CExtGridCellSlider::kClass,
   };
   for (const CellClass* c : kClasses)
     if (name == c->name) return c;
