@@ -35,5 +35,6 @@ int RunPlaces(Args& args);
 int RunZone(Args& args);
 int RunMarkup(Args& args);
 int RunThemeSheet(Args& args);
+int RunGrid(Args& args);
 
 }  // namespace qmkscan

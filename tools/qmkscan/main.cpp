@@ -46,6 +46,7 @@ constexpr Command kCommands[] = {
      "read a rich content document; print its item tree, error codes and computed styles", RunMarkup},
     {"theme-sheet", "--theme ID --png FILE | --list",
      "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
+    {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
 };
 
 void PrintHelp(std::FILE* out) {
