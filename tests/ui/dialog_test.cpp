@@ -12,26 +12,6 @@ namespace {
 using namespace platform::ui;
 using ::testing::ElementsAre;
 
-constexpr int kOrder = 9100;
-constexpr const char* kOrderTemplate = R"(# An order form made of the test controls.
-dialog 9100
-caption "Order"
-position 0 0 200 120
-font "DejaVu Sans" 8
-style WS_POPUP | WS_CAPTION | DS_MODALFRAME | DS_CENTER
-control "TestStatic" -1 "&Name:" 8 8 40 10 style WS_GROUP
-control "TestEdit" 101 "" 50 6 100 12 style WS_TABSTOP exstyle WS_EX_CLIENTEDGE
-control "TestStatic" -1 "&Colour:" 8 24 40 10 style WS_GROUP
-control "TestCombo" 102 "" 50 22 100 12 style WS_TABSTOP
-control "TestButton" 103 "&Small" 8 42 60 10 style BS_AUTORADIOBUTTON | WS_GROUP | WS_TABSTOP
-control "TestButton" 104 "&Medium" 8 54 60 10 style BS_AUTORADIOBUTTON
-control "TestButton" 105 "&Large" 8 66 60 10 style BS_AUTORADIOBUTTON
-control "TestButton" 106 "&Print" 100 42 60 10 style BS_AUTOCHECKBOX | WS_GROUP | WS_TABSTOP
-control "TestButton" IDOK "OK" 90 96 50 14 style BS_DEFPUSHBUTTON | WS_GROUP | WS_TABSTOP
-control "TestButton" IDCANCEL "Cancel" 144 96 50 14 style WS_TABSTOP
-end
-)";
-
 struct Order {
   std::string name = "unset";
   std::string colour = "unset";

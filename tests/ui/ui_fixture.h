@@ -17,6 +17,10 @@
 
 namespace qmk::testing {
 
+// An order form made of the test controls (template 9100).
+constexpr int kOrder = 9100;
+extern const char* const kOrderTemplate;
+
 // Registers TestButton, TestEdit, TestCombo and TestStatic (once per process).
 void RegisterTestControls();
 
