@@ -18,7 +18,7 @@ enum class ComboKind {
 };
 
 // Notification codes (CBN_...) in the order the parent receives them.
-using ComboNotices = std::vector<int>;
+using ComboNotices = std::vector<unsigned>;
 
 class ComboBoxModel {
  public:

@@ -8,6 +8,8 @@ namespace {
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+// The caret never stops inside a UTF-8 sequence.
+bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 // In a multi-line edit every line break is "\r\n"; a lone "\n" or "\r" from outside becomes one.
 std::string NormaliseBreaks(std::string_view text) {
@@ -69,13 +71,17 @@ bool EditModel::IsBreakAt(int pos) const {
 int EditModel::PrevPos(int pos) const {
   if (pos <= 0) return 0;
   if (pos >= 2 && IsBreakAt(pos - 2)) return pos - 2;
-  return pos - 1;
+  --pos;
+  while (pos > 0 && IsContinuation(text_[pos])) --pos;
+  return pos;
 }
 
 int EditModel::NextPos(int pos) const {
   if (pos >= Length()) return Length();
   if (IsBreakAt(pos)) return pos + 2;
-  return pos + 1;
+  ++pos;
+  while (pos < Length() && IsContinuation(text_[pos])) ++pos;
+  return pos;
 }
 
 std::string EditModel::FitToLimit(std::string_view text, bool* cut) const {
