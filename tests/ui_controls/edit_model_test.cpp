@@ -154,8 +154,8 @@ TEST(EditModelDelete, BackspaceAndDeleteTakeALineBreakWhole) {
       {"abc", 0, true, "abc", 0},
       {"abc", 3, false, "abc", 3},
       {"abc", 2, true, "ac", 1},
-      {"a\xc3\xa9b", 3, true, "ab", 1},   // a two-byte character goes whole
-      {"a\xc3\xa9b", 1, false, "ab", 1},
+      {"a\xc3\xa9" "b", 3, true, "ab", 1},   // a two-byte character goes whole
+      {"a\xc3\xa9" "b", 1, false, "ab", 1},
   };
   for (const Case& c : cases) {
     EditModel m = Make(c.text, {.multi_line = true});
