@@ -1,17 +1,27 @@
-// clipboard.cpp: the process-wide clipboard the edit controls use.
+// clipboard.cpp: the process-wide clipboard the edit controls use: the back end's, unless a
+// test or host installs another.
 #include "platform/ui/controls/clipboard.h"
+
+#include "platform/ui/backend.h"
 
 namespace qmk::platform::ui::controls {
 namespace {
-MemoryClipboard& FallbackClipboard() {
-  static MemoryClipboard clipboard;
-  return clipboard;
-}
+
+class BackendClipboard : public TextClipboard {
+ public:
+  void SetText(const std::string& text) override { CurrentBackend().SetClipboardText(text); }
+  bool GetText(std::string* text) const override {
+    return CurrentBackend().GetClipboardText(text);
+  }
+};
+
 TextClipboard* g_installed = nullptr;
+
 }  // namespace
 
 TextClipboard& CurrentClipboard() {
-  return g_installed ? *g_installed : FallbackClipboard();
+  static BackendClipboard backend;
+  return g_installed ? *g_installed : backend;
 }
 
 void SetCurrentClipboard(TextClipboard* clipboard) { g_installed = clipboard; }

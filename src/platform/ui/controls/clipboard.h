@@ -32,9 +32,9 @@ class MemoryClipboard : public TextClipboard {
   bool has_text_ = false;
 };
 
-// The clipboard the controls use: the memory one unless a back end installs its own.
+// The clipboard the controls use: the back end's unless another is installed.
 TextClipboard& CurrentClipboard();
-// Installs `clipboard` (not owned); null goes back to the memory clipboard.
+// Installs `clipboard` (not owned); null goes back to the back end's.
 void SetCurrentClipboard(TextClipboard* clipboard);
 
 }  // namespace qmk::platform::ui::controls
