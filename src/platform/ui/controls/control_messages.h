@@ -38,6 +38,7 @@ constexpr unsigned EN_ERRSPACE = 0x500, EN_HSCROLL = 0x601, EN_VSCROLL = 0x602;
 
 // ---- list box ----
 constexpr uint32_t LBS_NOREDRAW = 0x4, LBS_HASSTRINGS = 0x40, LBS_WANTKEYBOARDINPUT = 0x400,
+                   LBS_DISABLENOSCROLL = 0x1000,
                    LBS_NOSEL = 0x4000;
 constexpr unsigned LB_SELITEMRANGEEX = 0x183, LB_SELECTSTRING = 0x18C,
                    LB_GETSELITEMS = 0x191, LB_GETITEMRECT = 0x198, LB_SELITEMRANGE = 0x19B,
