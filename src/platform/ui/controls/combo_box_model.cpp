@@ -109,6 +109,11 @@ ComboNotices ComboBoxModel::KeyEscape() {
   return CloseUp(false);
 }
 
+ComboNotices ComboBoxModel::Dismiss() {
+  if (!dropped_) return {};
+  return CloseUp(false);
+}
+
 ComboNotices ComboBoxModel::KeyChar(char c) {
   if (!HasEdit()) {
     int before = list_.CurSel();

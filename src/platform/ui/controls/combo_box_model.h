@@ -62,6 +62,9 @@ class ComboBoxModel {
   ComboNotices KeyEnter();
   // Escape: an open list closes and the selection goes back to what it was when it opened.
   ComboNotices KeyEscape();
+  // The combo lost the focus or the mouse went down elsewhere: an open list closes, keeping the
+  // highlighted selection, and the parent hears that the choice was not confirmed.
+  ComboNotices Dismiss();
   // A typed character: in a drop-down list, the next item starting with it; in the others it
   // goes to the edit.
   ComboNotices KeyChar(char c);

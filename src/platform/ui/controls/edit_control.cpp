@@ -8,6 +8,7 @@
 #include "platform/ui/backend.h"
 #include "platform/ui/controls/clipboard.h"
 #include "platform/ui/controls/control_messages.h"
+#include "platform/ui/controls/edit_keys.h"
 #include "platform/ui/controls/plain_look.h"
 
 namespace qmk::platform::ui::controls {
@@ -135,43 +136,25 @@ void EditControl::TypeText(const std::string& utf8) {
 
 LRESULT EditControl::KeyDown(unsigned vk) {
   bool shift = ShiftDown(), ctrl = ControlDown();
-  bool multi = model_.options().multi_line;
-  auto move = [&](CaretMove m) {
-    model_.MoveCaret(m, shift);
-    ScrollCaretIntoView();
-    Invalidate();
+  EditKeyOutcome outcome = ApplyEditKey(model_, vk, shift, ctrl);
+  if (outcome.handled) {
+    if (outcome.moved) {
+      ScrollCaretIntoView();
+      Invalidate();
+    }
+    Changed(outcome.result);
     return 0;
-  };
-  switch (vk) {
-    case VK_LEFT: return move(ctrl ? CaretMove::kWordLeft : CaretMove::kLeft);
-    case VK_RIGHT: return move(ctrl ? CaretMove::kWordRight : CaretMove::kRight);
-    case VK_HOME: return move(ctrl || !multi ? CaretMove::kTextStart : CaretMove::kLineStart);
-    case VK_END: return move(ctrl || !multi ? CaretMove::kTextEnd : CaretMove::kLineEnd);
-    case VK_UP: return multi ? move(CaretMove::kUp) : 0;
-    case VK_DOWN: return multi ? move(CaretMove::kDown) : 0;
-    case VK_PRIOR: return multi ? move(CaretMove::kPageUp) : 0;
-    case VK_NEXT: return multi ? move(CaretMove::kPageDown) : 0;
-    case VK_BACK: Changed(model_.DeleteBack()); return 0;
-    case VK_DELETE:
-      if (shift) return SendMessage(hwnd(), WM_CUT, 0, 0);
-      Changed(model_.DeleteForward());
-      return 0;
-    case VK_INSERT:
-      if (ctrl) return SendMessage(hwnd(), WM_COPY, 0, 0);
-      if (shift) return SendMessage(hwnd(), WM_PASTE, 0, 0);
-      return 0;
-    case VK_RETURN:
-      if (multi) TypeText("\r");
-      return 0;
-    default: break;
   }
+  // The clipboard keys go through their messages, so that a subclass sees them.
+  if (vk == VK_DELETE && shift) return SendMessage(hwnd(), WM_CUT, 0, 0);
+  if (vk == VK_INSERT && ctrl) return SendMessage(hwnd(), WM_COPY, 0, 0);
+  if (vk == VK_INSERT && shift) return SendMessage(hwnd(), WM_PASTE, 0, 0);
+  if (vk == VK_RETURN && model_.options().multi_line) TypeText("\r");
   if (!ctrl) return 0;
   switch (vk) {
-    case 'A': model_.SelectAll(); Invalidate(); return 0;
     case 'C': return SendMessage(hwnd(), WM_COPY, 0, 0);
     case 'V': return SendMessage(hwnd(), WM_PASTE, 0, 0);
     case 'X': return SendMessage(hwnd(), WM_CUT, 0, 0);
-    case 'Z': return SendMessage(hwnd(), WM_UNDO, 0, 0);
     default: return 0;
   }
 }
