@@ -27,9 +27,14 @@ int UpDownModel::SetBase(int base) {
 
 bool UpDownModel::InRange(int value) const { return value >= Low() && value <= High(); }
 
-int UpDownModel::DeltaFor(int clicks) const {
-  if (clicks == 0 || lower_ == upper_) return 0;
-  long long delta = upper_ > lower_ ? clicks : -static_cast<long long>(clicks);
+int UpDownModel::RawDelta(int clicks) const {
+  if (lower_ == upper_) return 0;
+  return upper_ > lower_ ? clicks : -clicks;
+}
+
+int UpDownModel::Adjust(int raw_delta) const {
+  if (raw_delta == 0) return 0;
+  long long delta = raw_delta;
   long long target = static_cast<long long>(pos_) + delta;
   long long low = Low(), high = High();
   if (target >= low && target <= high) return static_cast<int>(delta);

@@ -28,11 +28,17 @@ class UpDownModel {
   bool thousands() const { return thousands_; }
   void SetThousands(bool on) { thousands_ = on; }
 
-  // The change in position that `clicks` presses of the up arrow (negative: down) would make:
-  // up moves toward the upper end, and past an end the number stops there, or with wrap comes
-  // round to the other end. No acceleration: one step per press.
-  int DeltaFor(int clicks) const;
-  // Moves by a delta from DeltaFor; true if the position changed.
+  // The step that `clicks` presses of the up arrow (negative: down) ask for, before any end
+  // is met: up moves toward the upper end. No acceleration: one step per press. This is what
+  // the parent is told before the move.
+  int RawDelta(int clicks) const;
+  // The change a raw step makes: past an end the number stops there, or with wrap comes round
+  // to the other end.
+  int Adjust(int raw_delta) const;
+  int DeltaFor(int clicks) const { return Adjust(RawDelta(clicks)); }
+  // Moves by a raw step, stopping or wrapping at the ends; true if the position changed.
+  bool Step(int raw_delta) { return Offset(Adjust(raw_delta)); }
+  // Moves by an adjusted delta, clamped; true if the position changed.
   bool Offset(int delta);
 
   // The buddy's text for the position: decimal with thousands separators unless switched off,
