@@ -55,17 +55,12 @@ void EditControl::OnCreate(const CREATESTRUCT& cs) {
   }
 }
 
-bool EditControl::HasBorder() const {
-  return (style() & WS_BORDER) || (ex_style() & WS_EX_CLIENTEDGE);
-}
-
 EditView EditControl::View() const {
   EditView v;
   v.font = font();
   v.line_height = LineHeight();
-  Rect r = ClientRect();
-  if (HasBorder()) r = Deflate(r, 2, 2);
-  v.area = Deflate(r, 2, model_.options().multi_line ? 1 : 0);
+  // The border (WS_BORDER, WS_EX_CLIENTEDGE) is the window system's non-client frame.
+  v.area = Deflate(ClientRect(), 2, model_.options().multi_line ? 1 : 0);
   uint32_t s = style();
   v.align = (s & ES_RIGHT) ? TextAlign::kRight : (s & ES_CENTER) ? TextAlign::kCenter
                                                                   : TextAlign::kLeft;
@@ -366,7 +361,6 @@ void EditControl::Paint(Dc& dc) {
   // A read-only or disabled edit sits on the dialog's face, as it can't be typed in.
   bool grey = !enabled() || model_.options().read_only;
   dc.FillRect(r, grey ? colors::kFace : colors::kWindow);
-  if (HasBorder()) DrawEdge(dc, r, Edge::kSunken);
   bool show_selection = focused() || (style() & ES_NOHIDESEL);
   PaintEditText(dc, model_, View(), focused(), enabled(), show_selection);
 }

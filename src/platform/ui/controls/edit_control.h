@@ -21,7 +21,6 @@ class EditControl : public PlainControl {
 
  private:
   EditView View() const;
-  bool HasBorder() const;
   LRESULT DialogCode(LPARAM lparam) const;
   LRESULT KeyDown(unsigned vk);
   void TypeText(const std::string& utf8);

@@ -17,14 +17,9 @@ void ListBoxControl::OnCreate(const CREATESTRUCT& cs) {
   model_ = ListBoxModel(o);
 }
 
-bool ListBoxControl::HasBorder() const {
-  return (style() & WS_BORDER) || (ex_style() & WS_EX_CLIENTEDGE);
-}
-
 void ListBoxControl::Relayout() {
-  Rect r = ClientRect();
-  if (HasBorder()) r = Deflate(r, 2, 2);
-  pane_.Layout(r, item_height_ > 0 ? item_height_ : LineHeight(), (style() & WS_VSCROLL) != 0,
+  // The border (WS_BORDER, WS_EX_CLIENTEDGE) is the window system's non-client frame.
+  pane_.Layout(ClientRect(), item_height_ > 0 ? item_height_ : LineHeight(), (style() & WS_VSCROLL) != 0,
                (style() & LBS_DISABLENOSCROLL) != 0);
 }
 
@@ -244,9 +239,7 @@ LRESULT ListBoxControl::HandleListMessage(unsigned msg, WPARAM wparam, LPARAM lp
 
 void ListBoxControl::Paint(Dc& dc) {
   Relayout();
-  Rect r = ClientRect();
-  dc.FillRect(r, enabled() ? colors::kWindow : colors::kFace);
-  if (HasBorder()) DrawEdge(dc, r, Edge::kSunken);
+  dc.FillRect(ClientRect(), enabled() ? colors::kWindow : colors::kFace);
   pane_.Paint(dc, focused(), enabled());
 }
 

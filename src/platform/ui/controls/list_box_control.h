@@ -18,7 +18,6 @@ class ListBoxControl : public PlainControl {
   void OnCreate(const CREATESTRUCT& cs) override;
 
  private:
-  bool HasBorder() const;
   void Relayout();
   // A change made by the person: repaint, and LBN_SELCHANGE when the list notifies.
   void UserChanged(bool selection_changed);

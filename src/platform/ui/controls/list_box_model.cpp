@@ -100,7 +100,8 @@ int ListBoxModel::FindStringExact(int start, std::string_view text) const {
 }
 
 int ListBoxModel::CurSel() const {
-  if (IsMultiple()) return Valid(caret_) && items_[caret_].selected ? caret_ : kListError;
+  // A multiple-selection list answers with its caret item, selected or not (0 before any).
+  if (IsMultiple()) return Count() == 0 ? kListError : std::max(caret_, 0);
   for (int i = 0; i < Count(); ++i) {
     if (items_[i].selected) return i;
   }

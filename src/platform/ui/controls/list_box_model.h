@@ -50,8 +50,8 @@ class ListBoxModel {
   // The same for a whole text, case-blind.
   int FindStringExact(int start, std::string_view text) const;
 
-  // Single selection: the selected item or kListError. In a multiple list, the caret item if it
-  // is selected.
+  // Single selection: the selected item or kListError. In a multiple list, the caret item,
+  // selected or not.
   int CurSel() const;
   // Selects one item (single selection); -1 or a bad index clears it and the result is
   // kListError for a bad index. True if the selection changed.
