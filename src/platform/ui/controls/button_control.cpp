@@ -63,6 +63,9 @@ bool IsAutoRadio(HWND w) {
 
 LRESULT ButtonControl::Handle(unsigned msg, WPARAM wparam, LPARAM lparam) {
   switch (msg) {
+    case WM_PAINT:
+      if (kind() == ButtonKind::kGroupBox && !lowered_) LowerGroupBox();
+      return PlainControl::Handle(msg, wparam, lparam);
     case WM_GETDLGCODE:
       return DialogCode(lparam);
     case WM_NCHITTEST:
@@ -154,6 +157,24 @@ LRESULT ButtonControl::Handle(unsigned msg, WPARAM wparam, LPARAM lparam) {
   }
 }
 
+void ButtonControl::LowerGroupBox() {
+  // Siblings above a window hide it, and a dialog makes its group boxes before the controls
+  // they frame. At its first paint, when the dialog's controls all exist, a group box goes to
+  // the bottom of the z-order, so that they show; the toolkit's subclassing does the same.
+  lowered_ = true;
+  SetWindowPos(hwnd(), HWND_BOTTOM(), 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW);
+  Rect mine;
+  GetWindowRect(hwnd(), &mine);
+  for (HWND sibling : GetChildren(GetParent(hwnd()))) {
+    Rect theirs;
+    if (sibling != hwnd() && GetWindowRect(sibling, &theirs) &&
+        !IntersectRect(mine, theirs).IsEmpty()) {
+      InvalidateRect(sibling, nullptr, true);
+    }
+  }
+}
+
 LRESULT ButtonControl::DialogCode(LPARAM lparam) const {
   (void)lparam;
   switch (kind()) {
@@ -223,10 +244,14 @@ unsigned ButtonControl::TextFormat(unsigned fallback_horizontal) const {
 
 void ButtonControl::Paint(Dc& dc) {
   Rect r = ClientRect();
+  // A group box paints only its frame and label: the controls inside it show through.
+  if (kind() == ButtonKind::kGroupBox) {
+    PaintGroupBox(dc, r);
+    return;
+  }
   dc.FillRect(r, colors::kFace);
   switch (kind()) {
     case ButtonKind::kPush: PaintPush(dc, r); break;
-    case ButtonKind::kGroupBox: PaintGroupBox(dc, r); break;
     default:
       if (style() & BS_PUSHLIKE) PaintPush(dc, r);
       else PaintCheckOrRadio(dc, r);

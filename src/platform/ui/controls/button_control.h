@@ -30,6 +30,7 @@ class ButtonControl : public PlainControl {
   void Click();
   void SetCheck(int state);
   void SetPushed(bool on);
+  void LowerGroupBox();
   LRESULT DialogCode(LPARAM lparam) const;
   void PaintPush(Dc& dc, const Rect& r);
   void PaintCheckOrRadio(Dc& dc, const Rect& r);
@@ -40,6 +41,7 @@ class ButtonControl : public PlainControl {
   bool pushed_ = false;    // drawn pressed
   bool tracking_ = false;  // the mouse went down on it and is captured
   bool space_down_ = false;
+  bool lowered_ = false;  // a group box moved below its siblings
 };
 
 }  // namespace qmk::platform::ui::controls

@@ -83,24 +83,26 @@ void ComboBoxControl::PlacePopup() {
   if (!popup_) {
     HWND top = GetAncestor(hwnd(), GA_ROOT);
     popup_ = CreateWindowEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kComboListClass, "",
-                            WS_POPUP | WS_BORDER, 0, 0, 10, 10, top, 0, hwnd());
+                            WS_POPUP, 0, 0, 10, 10, top, 0, hwnd());
     if (!popup_) return;
     SendMessage(popup_, WM_SETFONT, reinterpret_cast<WPARAM>(font()), 0);
   }
   Rect field = FieldRect();
   Point corner{field.left, field.bottom};
   ClientToScreen(hwnd(), &corner);
-  // The list shows as many rows as the template's height allows, at least one, no more than
-  // it has.
-  int rows = std::max(1, (dropped_height_ - field.Height() - 2) / ItemHeight());
-  rows = std::min(rows, std::max(1, model_.list().Count()));
-  int height = rows * ItemHeight() + 2;
+  int height = PopupRows() * ItemHeight() + 2;
   SetWindowPos(popup_, HWND_TOP(), corner.x, corner.y, field.Width(), height,
                SWP_NOACTIVATE | SWP_SHOWWINDOW);
   pane_.Layout(Deflate({0, 0, field.Width(), height}, 1, 1), ItemHeight(), true);
-  model_.list().EnsureVisible(model_.CurSel());
   InvalidateRect(popup_, nullptr, false);
   SetCapture(hwnd());
+}
+
+int ComboBoxControl::PopupRows() const {
+  // The list shows as many rows as the template's height allows, at least one, no more than
+  // it has.
+  int rows = std::max(1, (dropped_height_ - FieldHeight() - 2) / ItemHeight());
+  return std::min(rows, std::max(1, model_.list().Count()));
 }
 
 void ComboBoxControl::SetDropped(bool show) { Tell(model_.ShowDropDown(show)); }
@@ -258,6 +260,9 @@ LRESULT ComboBoxControl::HandleMouse(unsigned msg, WPARAM wparam, LPARAM lparam)
 }
 
 LRESULT ComboBoxControl::Handle(unsigned msg, WPARAM wparam, LPARAM lparam) {
+  // The list keeps the number of rows it will show, so that a selection made while it is
+  // closed scrolls it as the open list will need.
+  if (model_.kind() != ComboKind::kSimple) model_.list().SetVisibleRows(PopupRows());
   bool handled = true;
   LRESULT r = HandleComboMessage(msg, wparam, lparam, &handled);
   if (handled) return r;

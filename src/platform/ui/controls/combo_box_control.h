@@ -38,6 +38,7 @@ class ComboBoxControl : public PlainControl {
   void Tell(const ComboNotices& notices);
   void SetDropped(bool show);
   void PlacePopup();
+  int PopupRows() const;
   LRESULT DialogCode(LPARAM lparam) const;
   LRESULT KeyDown(unsigned vk, bool alt);
   LRESULT HandleMouse(unsigned msg, WPARAM wparam, LPARAM lparam);
