@@ -1,0 +1,57 @@
+// screen_test.cpp: the monitor list and the clipboard of a real X server.
+#include <gtest/gtest.h>
+
+#include "platform/ui/gtk3/clipboard.h"
+#include "platform/ui/gtk3/screen.h"
+#include "ui_gtk/gtk_session.h"
+
+namespace qmk::platform::ui::gtk3 {
+namespace {
+
+class ScreenTest : public testing::GtkSession {};
+
+TEST_F(ScreenTest, TheVirtualServerHasOnePrimaryMonitorOfItsScreenSize) {
+  auto monitors = ListMonitors(gdk_display_get_default());
+  ASSERT_EQ(monitors.size(), 1u);
+  const MonitorInfo& m = monitors[0];
+  EXPECT_TRUE(m.primary);
+  EXPECT_EQ(m.x, 0);
+  EXPECT_EQ(m.y, 0);
+  EXPECT_EQ(m.width, 1280);
+  EXPECT_EQ(m.height, 1024);
+  EXPECT_EQ(m.scale, 1);
+  EXPECT_EQ(m.dpi, 96);
+  // Without a window manager the work area is the whole monitor; never larger.
+  EXPECT_GE(m.work_x, m.x);
+  EXPECT_LE(m.work_x + m.work_width, m.x + m.width);
+  EXPECT_GT(m.work_width, 0);
+}
+
+TEST(ScreenWithoutDisplay, NoMonitors) { EXPECT_TRUE(ListMonitors(nullptr).empty()); }
+
+TEST_F(ScreenTest, ClipboardTextGoesAroundWhole) {
+  const std::string text = "Seite 1 \xC3\xA9t\xC3\xA9 \xE2\x9C\x93\nline two";
+  SetClipboardText(text);
+  EXPECT_TRUE(ClipboardHasText());
+  auto back = GetClipboardText();
+  ASSERT_TRUE(back.has_value());
+  EXPECT_EQ(*back, text);
+  SetClipboardText("second");
+  EXPECT_EQ(GetClipboardText().value_or(""), "second");
+}
+
+TEST_F(ScreenTest, ClipboardWithEmbeddedZeroStopsAtIt) {
+  // Text on the clipboard is a C string to every reader; what follows a zero is not text.
+  SetClipboardText(std::string("ab\0cd", 5));
+  EXPECT_EQ(GetClipboardText().value_or("?"), std::string("ab"));
+}
+
+TEST_F(ScreenTest, ClearedClipboardHasNoText) {
+  SetClipboardText("x");
+  gtk_clipboard_clear(gtk_clipboard_get(GDK_SELECTION_CLIPBOARD));
+  EXPECT_FALSE(ClipboardHasText());
+  EXPECT_FALSE(GetClipboardText().has_value());
+}
+
+}  // namespace
+}  // namespace qmk::platform::ui::gtk3
