@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui/gtk3/clipboard.h"
-#include "platform/ui/gtk3/screen.h"
+#include "platform/ui/gtk3/monitors.h"
 #include "ui_gtk/gtk_session.h"
 
 namespace qmk::platform::ui::gtk3 {
@@ -13,18 +13,13 @@ class ScreenTest : public testing::GtkSession {};
 TEST_F(ScreenTest, TheVirtualServerHasOnePrimaryMonitorOfItsScreenSize) {
   auto monitors = ListMonitors(gdk_display_get_default());
   ASSERT_EQ(monitors.size(), 1u);
-  const MonitorInfo& m = monitors[0];
+  const Monitor& m = monitors[0];
   EXPECT_TRUE(m.primary);
-  EXPECT_EQ(m.x, 0);
-  EXPECT_EQ(m.y, 0);
-  EXPECT_EQ(m.width, 1280);
-  EXPECT_EQ(m.height, 1024);
-  EXPECT_EQ(m.scale, 1);
+  EXPECT_EQ(m.bounds, (Rect{0, 0, 1280, 1024}));
   EXPECT_EQ(m.dpi, 96);
   // Without a window manager the work area is the whole monitor; never larger.
-  EXPECT_GE(m.work_x, m.x);
-  EXPECT_LE(m.work_x + m.work_width, m.x + m.width);
-  EXPECT_GT(m.work_width, 0);
+  EXPECT_EQ(IntersectRect(m.work, m.bounds), m.work);
+  EXPECT_FALSE(m.work.IsEmpty());
 }
 
 TEST(ScreenWithoutDisplay, NoMonitors) { EXPECT_TRUE(ListMonitors(nullptr).empty()); }

@@ -3,12 +3,14 @@
 
 #include <gdk/gdkkeysyms.h>
 
+#include "platform/ui/messages.h"
+
 namespace qmk::platform::ui::gtk3 {
 namespace {
 
 struct KeyRow {
   uint32_t keyval;
-  int virtual_key;
+  unsigned virtual_key;
 };
 
 // Keys outside the letter, digit, keypad-digit and function-key runs, which map by arithmetic.
@@ -38,37 +40,34 @@ constexpr KeyRow kKeys[] = {
     {GDK_KEY_bracketright, 0xDD}, {GDK_KEY_apostrophe, 0xDE},  {GDK_KEY_less, 0xE2},
 };
 
-constexpr int kVkBack = 0x08, kVkTab = 0x09, kVkReturn = 0x0D, kVkEscape = 0x1B;
-
 }  // namespace
 
-int VirtualKeyFromKeyval(uint32_t keyval) {
-  if (keyval >= GDK_KEY_a && keyval <= GDK_KEY_z) return 'A' + static_cast<int>(keyval - GDK_KEY_a);
-  if (keyval >= GDK_KEY_A && keyval <= GDK_KEY_Z) return 'A' + static_cast<int>(keyval - GDK_KEY_A);
-  if (keyval >= GDK_KEY_0 && keyval <= GDK_KEY_9) return '0' + static_cast<int>(keyval - GDK_KEY_0);
-  if (keyval >= GDK_KEY_KP_0 && keyval <= GDK_KEY_KP_9)
-    return 0x60 + static_cast<int>(keyval - GDK_KEY_KP_0);
-  if (keyval >= GDK_KEY_F1 && keyval <= GDK_KEY_F24) return 0x70 + static_cast<int>(keyval - GDK_KEY_F1);
+unsigned VirtualKeyFromKeyval(uint32_t keyval) {
+  if (keyval >= GDK_KEY_a && keyval <= GDK_KEY_z) return 'A' + (keyval - GDK_KEY_a);
+  if (keyval >= GDK_KEY_A && keyval <= GDK_KEY_Z) return 'A' + (keyval - GDK_KEY_A);
+  if (keyval >= GDK_KEY_0 && keyval <= GDK_KEY_9) return '0' + (keyval - GDK_KEY_0);
+  if (keyval >= GDK_KEY_KP_0 && keyval <= GDK_KEY_KP_9) return 0x60 + (keyval - GDK_KEY_KP_0);
+  if (keyval >= GDK_KEY_F1 && keyval <= GDK_KEY_F24) return 0x70 + (keyval - GDK_KEY_F1);
   for (const KeyRow& row : kKeys)
     if (row.keyval == keyval) return row.virtual_key;
   return 0;
 }
 
-int ControlCharForKey(int virtual_key, bool control_down, bool alt_down) {
+int ControlCharForKey(unsigned virtual_key, bool control_down, bool alt_down) {
   if (alt_down) return 0;  // Alt+key is a system key: mnemonics, not characters
   switch (virtual_key) {
-    case kVkBack:
+    case VK_BACK:
       return control_down ? 0x7F : 0x08;
-    case kVkTab:
+    case VK_TAB:
       return control_down ? 0 : 0x09;
-    case kVkReturn:
+    case VK_RETURN:
       return control_down ? 0x0A : 0x0D;
-    case kVkEscape:
+    case VK_ESCAPE:
       return 0x1B;
     default:
       break;
   }
-  if (control_down && virtual_key >= 'A' && virtual_key <= 'Z') return virtual_key - 'A' + 1;
+  if (control_down && virtual_key >= 'A' && virtual_key <= 'Z') return static_cast<int>(virtual_key - 'A' + 1);
   return 0;
 }
 

@@ -16,11 +16,20 @@ TopLevel::TopLevel(const TopLevelOptions& options, WindowEvents* events) : event
   window_ = GTK_WINDOW(gtk_window_new(options.popup ? GTK_WINDOW_POPUP : GTK_WINDOW_TOPLEVEL));
   gtk_window_set_decorated(window_, options.decorated && !options.popup);
   gtk_window_set_title(window_, options.title.c_str());
+  gtk_window_set_resizable(window_, options.resizable);
   gtk_widget_set_app_paintable(GTK_WIDGET(window_), TRUE);
+  if (options.popup) {
+    gtk_window_set_type_hint(window_, GDK_WINDOW_TYPE_HINT_COMBO);
+    // A group of its own: a modal dialog's grab must not steal the clicks of its own list.
+    GtkWindowGroup* group = gtk_window_group_new();
+    gtk_window_group_add_window(group, window_);
+    g_object_unref(group);
+  }
+  resizable_ = options.resizable;
   int s = scale();
-  gtk_window_move(window_, options.x / s, options.y / s);
-  gtk_window_set_default_size(window_, std::max(1, options.width / s), std::max(1, options.height / s));
-  EnsureBackBuffer(std::max(1, options.width), std::max(1, options.height));
+  const Rect& r = options.screen_rect;
+  gtk_window_move(window_, r.left / s, r.top / s);
+  gtk_window_set_default_size(window_, std::max(1, r.Width() / s), std::max(1, r.Height() / s));
 
   area_ = gtk_drawing_area_new();
   gtk_widget_set_can_focus(area_, TRUE);
@@ -29,6 +38,7 @@ TopLevel::TopLevel(const TopLevelOptions& options, WindowEvents* events) : event
                                    GDK_SMOOTH_SCROLL_MASK | GDK_LEAVE_NOTIFY_MASK);
   gtk_container_add(GTK_CONTAINER(window_), area_);
   gtk_widget_show(area_);
+  Resize(r.Width(), r.Height());
 
   GtkWidget* w = GTK_WIDGET(window_);
   gtk_widget_add_events(w, GDK_KEY_PRESS_MASK | GDK_KEY_RELEASE_MASK | GDK_FOCUS_CHANGE_MASK |
@@ -77,29 +87,34 @@ void TopLevel::Move(int x, int y) {
 
 void TopLevel::Resize(int width, int height) {
   int s = scale();
-  EnsureBackBuffer(std::max(1, width), std::max(1, height));
+  width = std::max(1, width);
+  height = std::max(1, height);
+  EnsureBackBuffer(width, height);
+  // A window the user may not resize takes the size of its content.
+  if (!resizable_) gtk_widget_set_size_request(area_, std::max(1, width / s), std::max(1, height / s));
   gtk_window_resize(window_, std::max(1, width / s), std::max(1, height / s));
 }
 
 void TopLevel::SetTitle(const std::string& title) { gtk_window_set_title(window_, title.c_str()); }
 
-void TopLevel::Present(cairo_surface_t* image, int x, int y, int width, int height) {
-  if (!image || !back_ || width <= 0 || height <= 0) return;
+void TopLevel::Present(cairo_surface_t* image, const Rect& dirty) {
+  if (!image || !back_ || dirty.IsEmpty()) return;
+  presented_ = true;
   cairo_t* cr = cairo_create(back_);
-  cairo_rectangle(cr, x, y, width, height);
+  cairo_rectangle(cr, dirty.left, dirty.top, dirty.Width(), dirty.Height());
   cairo_clip(cr);
   cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
   cairo_set_source_surface(cr, image, 0, 0);
   cairo_paint(cr);
   cairo_destroy(cr);
-  Invalidate(x, y, width, height);
+  Invalidate(dirty);
 }
 
-void TopLevel::Invalidate(int x, int y, int width, int height) {
+void TopLevel::Invalidate(const Rect& r) {
   int s = scale();
   // Rounded outwards, so that a part smaller than one logical pixel is still drawn.
-  int left = x / s, top = y / s;
-  int right = (x + width + s - 1) / s, bottom = (y + height + s - 1) / s;
+  int left = r.left / s, top = r.top / s;
+  int right = (r.right + s - 1) / s, bottom = (r.bottom + s - 1) / s;
   gtk_widget_queue_draw_area(area_, left, top, right - left, bottom - top);
 }
 
@@ -155,9 +170,9 @@ void TopLevel::ApplyTransientParent() {
 
 unsigned TopLevel::Modifiers(unsigned state) const {
   unsigned m = 0;
-  if (state & GDK_SHIFT_MASK) m |= kShift;
-  if (state & GDK_CONTROL_MASK) m |= kControl;
-  if (state & GDK_MOD1_MASK) m |= kAlt;
+  if (state & GDK_SHIFT_MASK) m |= kModShift;
+  if (state & GDK_CONTROL_MASK) m |= kModControl;
+  if (state & GDK_MOD1_MASK) m |= kModAlt;
   return m;
 }
 
@@ -173,6 +188,12 @@ int TopLevel::ToDevice(double logical) const { return static_cast<int>(std::floo
 
 gboolean TopLevel::OnDraw(GtkWidget*, cairo_t* cr, gpointer data) {
   auto* self = static_cast<TopLevel*>(data);
+  if (!self->presented_) {
+    // Shown before anything was presented: the window system paints it now, and the back
+    // buffer's blank face stands in until then.
+    self->presented_ = true;
+    self->events_->OnExposed(Rect{0, 0, self->back_width_, self->back_height_});
+  }
   int s = self->scale();
   // Our buffer is in device pixels; GDK's context counts logical ones.
   cairo_scale(cr, 1.0 / s, 1.0 / s);
@@ -205,43 +226,57 @@ void TopLevel::HandleKey(GdkEventKey* event) {
   bool& held = keys_down_[event->hardware_keycode & 0xFF];
   key.repeat = down && held;
   held = down;
-  if (down) events_->OnKey(key);
-  // The input method sees every key; what it commits arrives through OnCommit.
+  // A key the window system has no code for sends no key message, only what it types.
+  bool known = key.virtual_key != 0;
+  if (down && known) events_->OnKey(key);
+  // The input method sees every key; what it commits arrives through OnCommit meanwhile.
+  typing_modifiers_ = key.modifiers;
   bool taken = gtk_im_context_filter_keypress(im_, event);
+  typing_modifiers_ = 0;
   if (!down) {
-    events_->OnKey(key);
+    if (known) events_->OnKey(key);
     return;
   }
   if (taken) return;
-  int control = ControlCharForKey(key.virtual_key, key.modifiers & kControl, key.modifiers & kAlt);
-  if (control) events_->OnControlChar(control);
+  if (int control = ControlCharForKey(key.virtual_key, key.modifiers & kModControl,
+                                      key.modifiers & kModAlt)) {
+    events_->OnChar(static_cast<char32_t>(control), key.modifiers);
+    return;
+  }
+  // Alt+key types nothing, but its character goes on as a system character for mnemonics.
+  if (key.modifiers & kModAlt) {
+    gunichar ch = gdk_keyval_to_unicode(event->keyval);
+    if (ch && g_unichar_isprint(ch)) events_->OnChar(ch, key.modifiers);
+  }
 }
 
 void TopLevel::OnCommit(GtkIMContext*, const gchar* text, gpointer data) {
-  if (text && *text) static_cast<TopLevel*>(data)->events_->OnText(text);
+  auto* self = static_cast<TopLevel*>(data);
+  if (!text || !g_utf8_validate(text, -1, nullptr)) return;
+  for (const gchar* p = text; *p; p = g_utf8_next_char(p))
+    self->events_->OnChar(g_utf8_get_char(p), self->typing_modifiers_);
 }
 
 gboolean TopLevel::OnButton(GtkWidget*, GdkEventButton* event, gpointer data) {
   auto* self = static_cast<TopLevel*>(data);
   PointerInput p;
   switch (event->button) {
-    case 1: p.button = MouseButton::kLeft; break;
-    case 2: p.button = MouseButton::kMiddle; break;
-    case 3: p.button = MouseButton::kRight; break;
+    case 1: p.button = MouseButton::Left; break;
+    case 2: p.button = MouseButton::Middle; break;
+    case 3: p.button = MouseButton::Right; break;
     default: return FALSE;  // side buttons: no message
   }
-  unsigned bit = p.button == MouseButton::kLeft ? kLeftDown
-                 : p.button == MouseButton::kRight ? kRightDown : kMiddleDown;
+  unsigned bit = p.button == MouseButton::Left ? kLeftDown
+                 : p.button == MouseButton::Right ? kRightDown : kMiddleDown;
   unsigned held = self->Buttons(event->state);
   switch (event->type) {
-    case GDK_BUTTON_PRESS: p.kind = PointerKind::kDown; held |= bit; break;
-    case GDK_2BUTTON_PRESS: p.kind = PointerKind::kDoubleClick; held |= bit; break;
-    case GDK_BUTTON_RELEASE: p.kind = PointerKind::kUp; held &= ~bit; break;
+    case GDK_BUTTON_PRESS: p.action = MouseAction::Down; held |= bit; break;
+    case GDK_2BUTTON_PRESS: p.action = MouseAction::DoubleClick; held |= bit; break;
+    case GDK_BUTTON_RELEASE: p.action = MouseAction::Up; held &= ~bit; break;
     default: return TRUE;  // a third click is an ordinary press already reported
   }
-  if (p.kind == PointerKind::kDown) gtk_widget_grab_focus(self->area_);
-  p.x = self->ToDevice(event->x);
-  p.y = self->ToDevice(event->y);
+  if (p.action == MouseAction::Down) gtk_widget_grab_focus(self->area_);
+  p.at = {self->ToDevice(event->x), self->ToDevice(event->y)};
   p.modifiers = self->Modifiers(event->state);
   p.buttons = held;
   self->events_->OnPointer(p);
@@ -251,9 +286,8 @@ gboolean TopLevel::OnButton(GtkWidget*, GdkEventButton* event, gpointer data) {
 gboolean TopLevel::OnMotion(GtkWidget*, GdkEventMotion* event, gpointer data) {
   auto* self = static_cast<TopLevel*>(data);
   PointerInput p;
-  p.kind = PointerKind::kMove;
-  p.x = self->ToDevice(event->x);
-  p.y = self->ToDevice(event->y);
+  p.action = MouseAction::Move;
+  p.at = {self->ToDevice(event->x), self->ToDevice(event->y)};
   p.modifiers = self->Modifiers(event->state);
   p.buttons = self->Buttons(event->state);
   self->events_->OnPointer(p);
@@ -277,9 +311,8 @@ gboolean TopLevel::OnScroll(GtkWidget*, GdkEventScroll* event, gpointer data) {
   }
   if (delta == 0) return TRUE;
   PointerInput p;
-  p.kind = PointerKind::kWheel;
-  p.x = self->ToDevice(event->x);
-  p.y = self->ToDevice(event->y);
+  p.action = MouseAction::Wheel;
+  p.at = {self->ToDevice(event->x), self->ToDevice(event->y)};
   p.wheel_delta = delta;
   p.modifiers = self->Modifiers(event->state);
   p.buttons = self->Buttons(event->state);
@@ -290,9 +323,8 @@ gboolean TopLevel::OnScroll(GtkWidget*, GdkEventScroll* event, gpointer data) {
 gboolean TopLevel::OnCrossing(GtkWidget*, GdkEventCrossing* event, gpointer data) {
   auto* self = static_cast<TopLevel*>(data);
   PointerInput p;
-  p.kind = PointerKind::kLeave;
-  p.x = self->ToDevice(event->x);
-  p.y = self->ToDevice(event->y);
+  p.action = MouseAction::Leave;
+  p.at = {self->ToDevice(event->x), self->ToDevice(event->y)};
   p.modifiers = self->Modifiers(event->state);
   p.buttons = self->Buttons(event->state);
   self->events_->OnPointer(p);
@@ -314,7 +346,7 @@ gboolean TopLevel::OnConfigure(GtkWidget*, GdkEventConfigure* event, gpointer da
   int s = self->scale();
   int width = event->width * s, height = event->height * s;
   self->EnsureBackBuffer(std::max(1, width), std::max(1, height));
-  self->events_->OnConfigured(event->x * s, event->y * s, width, height);
+  self->events_->OnConfigured(Rect{event->x * s, event->y * s, event->x * s + width, event->y * s + height});
   return FALSE;
 }
 

@@ -12,9 +12,10 @@ namespace qmk::platform::ui::gtk3 {
 
 struct TopLevelOptions {
   bool decorated = true;   // the window manager draws a caption and frame
-  bool popup = false;      // a menu or drop-down list: no decoration, no task bar entry
+  bool popup = false;      // a drop-down list: placed by us, never activated, no task bar entry
+  bool resizable = true;
   std::string title;
-  int x = 0, y = 0, width = 1, height = 1;  // client area, screen device pixels
+  Rect screen_rect{0, 0, 1, 1};  // the surface, screen device pixels
 };
 
 class TopLevel {
@@ -30,11 +31,11 @@ class TopLevel {
   void Move(int x, int y);
   void Resize(int width, int height);
   void SetTitle(const std::string& title);
-  // Copies `rect` of `image` (device pixels, same origin as the client area) into the back
-  // buffer and has GTK draw that part.
-  void Present(cairo_surface_t* image, int x, int y, int width, int height);
+  // Copies a part of `image` (device pixels, the surface's origin) into the back buffer and
+  // has GTK draw that part.
+  void Present(cairo_surface_t* image, const Rect& dirty);
   // Has GTK draw a part again from the back buffer.
-  void Invalidate(int x, int y, int width, int height);
+  void Invalidate(const Rect& r);
   // Makes this window transient for a host's window: an X11 window id of any process, or a
   // GtkWindow of this process. False when the id is not a window of this display.
   bool SetTransientForX11(unsigned long xid);
@@ -76,6 +77,9 @@ class TopLevel {
   cairo_surface_t* back_ = nullptr;
   int back_width_ = 0, back_height_ = 0;
   bool visible_ = false;
+  bool resizable_ = true;
+  bool presented_ = false;     // something was presented since the window was made
+  unsigned typing_modifiers_ = 0;  // of the key the input method is looking at
   double wheel_rest_ = 0;  // unfinished notches of smooth scrolling
   bool keys_down_[256] = {};
   GdkWindow* foreign_parent_ = nullptr;

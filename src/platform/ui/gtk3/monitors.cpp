@@ -1,45 +1,41 @@
-// screen.cpp: monitors, work areas and scale factors from GDK.
-#include "platform/ui/gtk3/screen.h"
+// monitors.cpp: monitors, work areas and scale factors from GDK.
+#include "platform/ui/gtk3/monitors.h"
 
 #include <algorithm>
 
 namespace qmk::platform::ui::gtk3 {
 namespace {
 
-MonitorInfo Describe(GdkMonitor* monitor) {
-  MonitorInfo info;
-  info.scale = std::max(1, gdk_monitor_get_scale_factor(monitor));
+Rect Scaled(const GdkRectangle& r, int s) {
+  return Rect{r.x * s, r.y * s, (r.x + r.width) * s, (r.y + r.height) * s};
+}
+
+Monitor Describe(GdkMonitor* monitor) {
+  Monitor info;
+  int s = std::max(1, gdk_monitor_get_scale_factor(monitor));
   GdkRectangle whole, work;
   gdk_monitor_get_geometry(monitor, &whole);
   gdk_monitor_get_workarea(monitor, &work);
-  int s = info.scale;
-  info.x = whole.x * s;
-  info.y = whole.y * s;
-  info.width = whole.width * s;
-  info.height = whole.height * s;
-  info.work_x = work.x * s;
-  info.work_y = work.y * s;
-  info.work_width = work.width * s;
-  info.work_height = work.height * s;
+  info.bounds = Scaled(whole, s);
+  info.work = Scaled(work, s);
   info.dpi = 96 * s;
   info.primary = gdk_monitor_is_primary(monitor);
+  if (const char* model = gdk_monitor_get_model(monitor)) info.name = model;
   return info;
 }
 
 }  // namespace
 
-std::vector<MonitorInfo> ListMonitors(GdkDisplay* display) {
-  std::vector<MonitorInfo> monitors;
+std::vector<Monitor> ListMonitors(GdkDisplay* display) {
+  std::vector<Monitor> monitors;
   if (!display) return monitors;
   int count = gdk_display_get_n_monitors(display);
   for (int i = 0; i < count; ++i)
     if (GdkMonitor* monitor = gdk_display_get_monitor(display, i)) monitors.push_back(Describe(monitor));
   if (monitors.empty()) {
     GdkWindow* root = gdk_screen_get_root_window(gdk_display_get_default_screen(display));
-    MonitorInfo info;
-    info.width = info.work_width = gdk_window_get_width(root);
-    info.height = info.work_height = gdk_window_get_height(root);
-    info.primary = true;
+    Monitor info;
+    info.bounds = info.work = Rect{0, 0, gdk_window_get_width(root), gdk_window_get_height(root)};
     monitors.push_back(info);
   }
   // Without a primary monitor named by the display, the first one is.
