@@ -1,6 +1,8 @@
 // gtk_backend.cpp: surfaces, input, waits, clipboard and monitors of the GTK back end.
 #include "platform/ui/gtk3/gtk_backend.h"
 
+#include <optional>
+
 #include "platform/ui/gtk3/clipboard.h"
 #include "platform/ui/gtk3/main_loop.h"
 #include "platform/ui/gtk3/monitors.h"
@@ -27,7 +29,7 @@ class GtkBackend::Surface : public WindowEvents {
       : backend_(backend), top_(top), known_(options.screen_rect), window_(options, this) {}
 
   TopLevel& window() { return window_; }
-  void Moved(const Rect& r) { known_ = r; }
+  void Moved(const Rect& r) { pending_ = r; }
 
   void OnKey(const KeyInput& key) override {
     backend_->Delivered();
@@ -46,7 +48,18 @@ class GtkBackend::Surface : public WindowEvents {
     Host()->OnFocus(top_, gained);
   }
   void OnConfigured(const Rect& r) override {
-    // Our own moves come back from the window manager; only real changes are news.
+    // Our own moves come back from the server, sometimes in two steps (the place, then the
+    // size); only what differs from what the window system asked for is news.
+    if (pending_) {
+      bool on_the_way = (r.left == pending_->left && r.top == pending_->top) ||
+                        (r.Width() == pending_->Width() && r.Height() == pending_->Height());
+      if (r == *pending_) pending_.reset();
+      if (on_the_way) {
+        known_ = r;
+        return;
+      }
+      pending_.reset();
+    }
     if (r == known_) return;
     known_ = r;
     backend_->Delivered();
@@ -66,7 +79,8 @@ class GtkBackend::Surface : public WindowEvents {
 
   GtkBackend* backend_;
   HWND top_;
-  Rect known_;
+  Rect known_;                    // where the window is, as last reported or asked for
+  std::optional<Rect> pending_;   // a move of ours that has not fully arrived yet
   TopLevel window_;
 };
 
