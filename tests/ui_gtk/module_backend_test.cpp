@@ -220,6 +220,66 @@ TEST_F(ModuleBackendTest, OwnedSurfacesAreTransientForTheirOwnerAndListsArePopup
   EXPECT_EQ(gtk_window_get_transient_for(native_list), nullptr);
 }
 
+TEST_F(ModuleBackendTest, AModalDialogsListStillGetsItsClicksButTheHostDoesNot) {
+  // The host's window counts the presses that reach it.
+  GtkWidget* host_window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  int host_clicks = 0;
+  g_signal_connect(host_window, "button-press-event",
+                   G_CALLBACK(+[](GtkWidget*, GdkEvent* e, gpointer n) -> gboolean {
+                     if (e->type == GDK_BUTTON_PRESS) ++*static_cast<int*>(n);
+                     return FALSE;
+                   }),
+                   &host_clicks);
+  gtk_widget_show_all(host_window);
+  Drain();
+  HWND dialog = Handle(0x58), list = Handle(0x59);
+  SurfaceParams modal = Titled(dialog);
+  modal.modal = true;
+  Open(dialog, {100, 100, 400, 300}, modal);
+  SurfaceParams drop = Titled(list);
+  drop.decorated = false;
+  drop.owner = dialog;
+  drop.screen_rect = {150, 180, 250, 260};
+  ASSERT_TRUE(backend_->CreateSurface(list, drop));
+  backend_->ShowSurface(list, true, false);
+  EXPECT_FALSE(gtk_window_get_focus_on_map(GTK_WINDOW(NativeOf(list))));
+  ASSERT_TRUE(PumpUntil([&] { return gtk_widget_get_mapped(NativeOf(list)); }));
+  Drain();
+  host_.log.clear();
+  GtkWidget* list_area = gtk_bin_get_child(GTK_BIN(NativeOf(list)));
+  PutButton(list_area, GDK_BUTTON_PRESS, 1, 7, 9);
+  PutButton(list_area, GDK_BUTTON_RELEASE, 1, 7, 9, GDK_BUTTON1_MASK);
+  PutButton(host_window, GDK_BUTTON_PRESS, 1, 5, 5);
+  PutButton(host_window, GDK_BUTTON_RELEASE, 1, 5, 5, GDK_BUTTON1_MASK);
+  Drain();
+  EXPECT_THAT(host_.log, ElementsAre("0x59 mouse 1 button 1 at 7,9", "0x59 mouse 2 button 1 at 7,9"));
+  EXPECT_EQ(host_clicks, 0) << "the host's window took a click under our modal dialog";
+  backend_->DestroySurface(list);
+  backend_->DestroySurface(dialog);
+  // With the dialog gone, the host works again.
+  PutButton(host_window, GDK_BUTTON_PRESS, 1, 5, 5);
+  PutButton(host_window, GDK_BUTTON_RELEASE, 1, 5, 5, GDK_BUTTON1_MASK);
+  Drain();
+  EXPECT_GT(host_clicks, 0);
+  gtk_widget_destroy(host_window);
+}
+
+TEST_F(ModuleBackendTest, PointerGrabFollowsTheCapture) {
+  HWND top = Handle(0x5A);
+  Open(top, {100, 100, 200, 200}, Titled(top));
+  GdkDisplay* display = gdk_display_get_default();
+  GdkDevice* pointer = gdk_seat_get_pointer(gdk_display_get_default_seat(display));
+  backend_->SetPointerGrab(top, true);
+  Drain();
+  EXPECT_TRUE(gdk_display_device_is_grabbed(display, pointer));
+  backend_->SetPointerGrab(top, false);
+  Drain();
+  EXPECT_FALSE(gdk_display_device_is_grabbed(display, pointer));
+  backend_->SetPointerGrab(Handle(0x5B), true);  // no such surface
+  Drain();
+  EXPECT_FALSE(gdk_display_device_is_grabbed(display, pointer));
+}
+
 TEST_F(ModuleBackendTest, HostX11WindowIsTheNativeParent) {
   GtkWidget* host_window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   gtk_widget_show(host_window);
