@@ -23,6 +23,9 @@ HWND CreateDialogIndirectParam(const DialogTemplate& tpl, HWND owner, DLGPROC pr
                                int template_id = 0);
 // Ends a modal dialog's loop with `result` (it is destroyed by DialogBox afterwards).
 bool EndDialog(HWND dlg, intptr_t result);
+// Why the last dialog creation failed ("template 9000 not found", "line 3: ...", "no window
+// class \"Foo\" for control 1001"); empty after a success.
+std::string LastDialogError();
 // The template id a dialog was created from (0 for none).
 int GetDialogTemplateId(HWND dlg);
 

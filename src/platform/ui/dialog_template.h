@@ -22,6 +22,7 @@ struct DialogItemTemplate {
 };
 
 struct DialogTemplate {
+  int id = 0;                        // the number on the "dialog" line
   int x = 0, y = 0, cx = 0, cy = 0;  // dialog units
   uint32_t style = 0;
   uint32_t ex_style = 0;

@@ -107,6 +107,11 @@ struct PAINTSTRUCT {
 };
 Dc* BeginPaint(HWND hwnd, PAINTSTRUCT* ps);
 bool EndPaint(HWND hwnd, const PAINTSTRUCT* ps);
+// Drawing outside WM_PAINT: a context over the visible client area (GetDC) or the whole window
+// (GetWindowDC, origin at the window's top-left corner), given back with ReleaseDC.
+Dc* GetDC(HWND hwnd);
+Dc* GetWindowDC(HWND hwnd);
+bool ReleaseDC(HWND hwnd, Dc* dc);
 // WM_ERASEBKGND and WM_PRINTCLIENT carry the context as wParam.
 inline Dc* DcFromWParam(WPARAM wparam) { return reinterpret_cast<Dc*>(wparam); }
 inline WPARAM DcToWParam(Dc* dc) { return reinterpret_cast<WPARAM>(dc); }
