@@ -191,10 +191,9 @@ HWND CreateFromTemplate(const DialogTemplate& tpl, HWND owner, DLGPROC proc, LPA
       return nullptr;
     }
     Send(ctrl, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+    // The first control that calls itself the default push button is the dialog's default.
     DialogState* d = StateOf(dlg);
-    if (d && !d->def_id && item.class_name == kButtonClass &&
-        (item.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON)
-      d->def_id = item.id;
+    if (d && !d->def_id && (Send(ctrl, WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON)) d->def_id = item.id;
   }
   const HWND first = FirstTabItem(dlg);
   if (Send(dlg, WM_INITDIALOG, reinterpret_cast<WPARAM>(first), init) && first && IsWindow(first))
