@@ -1,9 +1,10 @@
-// dialog_scenario_test.cpp: the sample dialog on the GTK back end, on a real X server: a person's
-// script played through it, Escape, timers and nested modal loops, what the screen shows, and a
-// host's own GTK window that keeps painting meanwhile.
+// dialog_scenario_test.cpp: dialogs on the GTK back end, on a real X server: the order form's
+// scripted scenario (the same one the headless tests play), Escape, timers and nested modal
+// loops on the real clock, what the screen shows, and a host's GTK window that keeps painting.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -14,6 +15,7 @@
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
+#include "ui/ui_fixture.h"
 #include "ui_gtk/gtk_session.h"
 
 namespace qmk::platform::ui {
@@ -21,14 +23,14 @@ namespace {
 
 using namespace qmk::testing;  // NOLINT: pumping and screenshot helpers
 
-constexpr int kSampleDialog = 9000;
-constexpr int kName = 1001, kColour = 1002, kCount = 1003, kSmall = 1005, kMedium = 1006,
-              kLarge = 1007, kPrint = 1008;
+using testing::kOrder;
+// The order form's controls.
+constexpr int kName = 101, kColour = 102, kSmall = 103, kMedium = 104, kLarge = 105, kPrint = 106;
 constexpr unsigned kOpenNested = WM_USER + 50;
 
 // What the sample dialog's procedure saw and read back.
 struct Outcome {
-  std::string name, colour, count;
+  std::string name = "unset", colour = "unset";
   unsigned small = 0, medium = 0, large = 0, print = 0;
   int ticks = 0;
   int end_after_ticks = 0;      // the dialog ends itself with 40 + ticks after this many
@@ -79,6 +81,7 @@ intptr_t SampleProc(HWND dlg, unsigned msg, WPARAM wparam, LPARAM lparam) {
       SetProp(dlg, "outcome", reinterpret_cast<void*>(lparam));
       for (const char* colour : {"Red", "Green", "Blue"})
         SendDlgItemMessage(dlg, kColour, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(colour));
+      SendDlgItemMessage(dlg, kColour, CB_SETCURSEL, 0, 0);
       CheckRadioButton(dlg, kSmall, kLarge, kSmall);
       SetTimer(dlg, 1, 15, nullptr);
       if (reinterpret_cast<Outcome*>(lparam)->open_nested) PostMessage(dlg, kOpenNested, 0, 0);
@@ -100,7 +103,6 @@ intptr_t SampleProc(HWND dlg, unsigned msg, WPARAM wparam, LPARAM lparam) {
       if (LOWORD(wparam) == IDOK) {
         out->name = GetDlgItemText(dlg, kName);
         out->colour = ComboText(dlg, kColour);
-        out->count = GetDlgItemText(dlg, kCount);
         out->small = IsDlgButtonChecked(dlg, kSmall);
         out->medium = IsDlgButtonChecked(dlg, kMedium);
         out->large = IsDlgButtonChecked(dlg, kLarge);
@@ -124,55 +126,47 @@ class GtkDialogTest : public GtkSession {
     GtkSession::SetUp();
     if (IsSkipped() || HasFatalFailure()) return;
     // The window system picks its back end once, on first need: the module built beside us.
-    static ScopedEnvironment choice;
+    static const bool chosen = [] {
+      setenv("QMK_UI", "gtk3", 1);
+      setenv("QMK_UI_MODULE_DIR", std::filesystem::path(QMK_UI_GTK3_MODULE).parent_path().c_str(), 1);
+      return true;
+    }();
+    ASSERT_TRUE(chosen);
     ASSERT_STREQ(CurrentBackend().Name(), "gtk3") << "the GTK module did not load";
+    testing::RegisterTestControls();
+    SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {
+      if (id == kOrder) return std::string(testing::kOrderTemplate);
+      return std::nullopt;
+    });
     ClearDialogScripts();
   }
   void TearDown() override {
-    if (!IsSkipped())
-      for (const std::string& line : DialogScriptLog()) ::testing::Test::RecordProperty("script", line);
+    if (!IsSkipped()) {
+      ClearDialogScripts();
+      SetTemplateSource({});
+    }
     GtkSession::TearDown();
   }
-
-  // Whether the sample dialog's plain controls exist (they are registered with the first dialog).
-  static bool Sample() {
-    static bool known = [] {
-      Outcome none;
-      DestroyWindow(CreateDialogIndirectParam(Bare(), nullptr, SampleProc, reinterpret_cast<LPARAM>(&none)));
-      WNDCLASS wc;
-      return GetClassInfo("Static", &wc) && GetClassInfo("Edit", &wc) && GetClassInfo("ComboBox", &wc);
-    }();
-    return known;
+  static intptr_t RunOrder(Outcome* out) {
+    return DialogBoxParam(kOrder, nullptr, SampleProc, reinterpret_cast<LPARAM>(out));
   }
-  static constexpr const char* kNoControls =
-      "the window system has no plain controls yet: the sample dialog cannot open";
-
-  struct ScopedEnvironment {
-    ScopedEnvironment() {
-      setenv("QMK_UI", "gtk3", 1);
-      setenv("QMK_UI_MODULE_DIR", std::filesystem::path(QMK_UI_GTK3_MODULE).parent_path().c_str(), 1);
-    }
-  };
 };
 
-TEST_F(GtkDialogTest, APersonFillsTheDialogAndPressesEnter) {
-  if (!Sample()) GTEST_SKIP() << kNoControls;
-  QueueDialogScript(DialogScript(kSampleDialog)
-                        .SetText(kName, "Ada Lovelace")
-                        .Choose(kColour, "Green")
-                        .Type("")  // nothing: the script goes on where the focus is
-                        .Click(kSmall)
-                        .Key(VK_DOWN)
-                        .Key(VK_DOWN)
-                        .Check(kPrint)
-                        .Click(kName)
-                        .Key(VK_RETURN));
+TEST_F(GtkDialogTest, TabTypePickArrowsAndEnterGiveTheValuesBack) {
+  QueueDialogScript(DialogScript(kOrder)
+                        .Type("Ada")    // the first tab stop, the name, has focus
+                        .Key(VK_TAB)    // to the colour
+                        .Key(VK_DOWN)   // Red -> Green
+                        .Key(VK_TAB)    // to the checked radio button, Small
+                        .Key(VK_DOWN)   // Medium
+                        .Key(VK_DOWN)   // Large
+                        .Key(VK_TAB)    // to Print
+                        .Key(VK_SPACE)  // checked
+                        .Key(VK_RETURN));  // the default button
   Outcome out;
-  EXPECT_EQ(DialogBoxParam(kSampleDialog, nullptr, SampleProc, reinterpret_cast<LPARAM>(&out)), IDOK)
-      << ::testing::PrintToString(DialogScriptLog());
-  EXPECT_EQ(out.name, "Ada Lovelace");
+  EXPECT_EQ(RunOrder(&out), IDOK) << ::testing::PrintToString(DialogScriptLog());
+  EXPECT_EQ(out.name, "Ada");
   EXPECT_EQ(out.colour, "Green");
-  EXPECT_EQ(out.count, "1");
   EXPECT_EQ(out.small, BST_UNCHECKED);
   EXPECT_EQ(out.medium, BST_UNCHECKED);
   EXPECT_EQ(out.large, BST_CHECKED) << "the arrow keys did not move through the radio group";
@@ -180,18 +174,17 @@ TEST_F(GtkDialogTest, APersonFillsTheDialogAndPressesEnter) {
   EXPECT_EQ(PendingDialogScripts(), 0);
 }
 
+TEST_F(GtkDialogTest, EscapeCancelsAndNothingIsReadBack) {
+  QueueDialogScript(DialogScript(kOrder).Type("typed").Key(VK_ESCAPE));
+  Outcome out;
+  EXPECT_EQ(RunOrder(&out), IDCANCEL);
+  EXPECT_EQ(out.name, "unset");
+}
+
 TEST_F(GtkDialogTest, EscapeCancelsABareDialog) {
   QueueDialogScript(DialogScript(kBareDialog).Key(VK_ESCAPE));
   Outcome out;
   EXPECT_EQ(RunBare(nullptr, &out), IDCANCEL) << ::testing::PrintToString(DialogScriptLog());
-}
-
-TEST_F(GtkDialogTest, EscapeCancelsAndNothingIsReadBack) {
-  if (!Sample()) GTEST_SKIP() << kNoControls;
-  QueueDialogScript(DialogScript(kSampleDialog).SetText(kName, "not kept").Key(VK_ESCAPE));
-  Outcome out;
-  EXPECT_EQ(DialogBoxParam(kSampleDialog, nullptr, SampleProc, reinterpret_cast<LPARAM>(&out)), IDCANCEL);
-  EXPECT_EQ(out.name, "");
 }
 
 TEST_F(GtkDialogTest, TimersTickWhileTheModalLoopWaitsOnGtk) {
@@ -233,21 +226,19 @@ TEST_F(GtkDialogTest, AHostGtkWindowKeepsPaintingWhileOurDialogIsUp) {
   gtk_widget_destroy(host);
 }
 
-// The real X window of a modeless sample dialog, pixel by pixel against the window system's
+// The real X window of a modeless order form, pixel by pixel against the window system's
 // own picture of it.
 TEST_F(GtkDialogTest, TheScreenShowsTheDialogAsTheWindowSystemPaintedIt) {
   Outcome out;
-  HWND dlg = Sample()
-                 ? CreateDialogParam(kSampleDialog, nullptr, SampleProc, reinterpret_cast<LPARAM>(&out))
-                 : CreateDialogIndirectParam(Bare(), nullptr, SampleProc, reinterpret_cast<LPARAM>(&out));
+  HWND dlg = CreateDialogParam(kOrder, nullptr, SampleProc, reinterpret_cast<LPARAM>(&out));
   ASSERT_NE(dlg, nullptr);
   ShowWindow(dlg, 5 /* SW_SHOW */);
-  if (Sample()) SetDlgItemText(dlg, kName, "Grace Hopper");
+  SetDlgItemText(dlg, kName, "Grace Hopper");
   Rect r;
   ASSERT_TRUE(GetWindowRect(dlg, &r));
   auto painted = RenderWindow(dlg);
   ASSERT_NE(painted, nullptr);
-  const std::string shot_path = ShotPath("ui_gtk_sample_dialog.png");
+  const std::string shot_path = ShotPath("ui_gtk_order_form.png");
   auto differing = [&] {
     GdkPixbuf* shot = Screenshot(r.left, r.top, r.Width(), r.Height());
     int count = 0;
@@ -272,7 +263,7 @@ TEST_F(GtkDialogTest, TheScreenShowsTheDialogAsTheWindowSystemPaintedIt) {
     Drain();
     return (last = differing()) == 0;
   })) << last << " pixels differ; the screen is in " << shot_path;
-  painted->WritePng(ShotPath("ui_gtk_sample_dialog_painted.png"));
+  painted->WritePng(ShotPath("ui_gtk_order_form_painted.png"));
   DestroyWindow(dlg);
 }
 

@@ -64,37 +64,5 @@ TEST_F(MainLoopTest, ATimerDispatchedDuringAWaitEndsItEarly) {
   EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(4000));
 }
 
-// The host's window: a GTK window of the application that loaded us, counting its paints.
-struct HostWindow {
-  GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-  GtkWidget* area = gtk_drawing_area_new();
-  int draws = 0;
-  HostWindow() {
-    gtk_window_set_default_size(GTK_WINDOW(window), 120, 80);
-    gtk_container_add(GTK_CONTAINER(window), area);
-    g_signal_connect(area, "draw", G_CALLBACK(+[](GtkWidget*, cairo_t*, gpointer self) -> gboolean {
-                       ++static_cast<HostWindow*>(self)->draws;
-                       return TRUE;
-                     }), this);
-    gtk_widget_show_all(window);
-  }
-  ~HostWindow() { gtk_widget_destroy(window); }
-};
-
-TEST_F(MainLoopTest, AHostWindowKeepsPaintingWhileOurLoopWaits) {
-  HostWindow host;
-  ASSERT_TRUE(PumpUntil([&] { return host.draws > 0; }));
-  // The host animates itself; only our loop is running.
-  unsigned animation = AddTimer(10, [&] {
-    gtk_widget_queue_draw(host.area);
-    return true;
-  });
-  int before = host.draws;
-  auto end = Clock::now() + std::chrono::seconds(5);
-  while (host.draws < before + 5 && Clock::now() < end) Iterate(50);
-  RemoveTimer(animation);
-  EXPECT_GE(host.draws, before + 5);
-}
-
 }  // namespace
 }  // namespace qmk::platform::ui::gtk3

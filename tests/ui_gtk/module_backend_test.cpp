@@ -280,22 +280,6 @@ TEST_F(ModuleBackendTest, PointerGrabFollowsTheCapture) {
   EXPECT_FALSE(gdk_display_device_is_grabbed(display, pointer));
 }
 
-TEST_F(ModuleBackendTest, HostX11WindowIsTheNativeParent) {
-  GtkWidget* host_window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-  gtk_widget_show(host_window);
-  Drain();
-  HWND top = Handle(0x60);
-  SurfaceParams params = Titled(top);
-  params.native_parent = gdk_x11_window_get_xid(gtk_widget_get_window(host_window));
-  Open(top, {50, 50, 150, 150}, params);
-  Window parent = 0;
-  Display* x = gdk_x11_display_get_xdisplay(gdk_display_get_default());
-  ASSERT_TRUE(XGetTransientForHint(x, gdk_x11_window_get_xid(gtk_widget_get_window(NativeOf(top))), &parent));
-  EXPECT_EQ(parent, params.native_parent);
-  backend_->DestroySurface(top);
-  gtk_widget_destroy(host_window);
-}
-
 TEST_F(ModuleBackendTest, HostGtkWindowGivenThroughTheModuleCallIsTheParent) {
   auto set_parent = reinterpret_cast<gtk3::SetParentWindowFn>(dlsym(module_, gtk3::kSetParentWindowSymbol));
   ASSERT_NE(set_parent, nullptr);

@@ -42,7 +42,8 @@ TEST_F(ScaledDesktop, EverythingIsInDevicePixels) {
   if (!getenv(kChildMark)) {
     // The parent: runs this same test in a child whose GTK starts scaled.
     std::string filter = "--gtest_filter=ScaledDesktop.EverythingIsInDevicePixels";
-    char* argv[] = {const_cast<char*>("/proc/self/exe"), filter.data(), nullptr};
+    char* argv[] = {const_cast<char*>("/proc/self/exe"), filter.data(), const_cast<char*>("--gtest_brief=1"),
+                    nullptr};
     std::vector<std::string> env_text = {std::string(kChildMark) + "=1", "GDK_SCALE=2"};
     std::vector<char*> env;
     for (auto& e : env_text) env.push_back(e.data());

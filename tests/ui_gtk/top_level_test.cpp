@@ -265,17 +265,6 @@ TEST_F(TopLevelTest, HostX11WindowBecomesTheTransientParent) {
   gtk_widget_destroy(host);
 }
 
-TEST_F(TopLevelTest, HostGtkWindowBecomesTheTransientParentBeforeShowing) {
-  GtkWidget* host = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-  TopLevelOptions options;
-  options.screen_rect = {0, 0, 50, 40};
-  TopLevel dialog(options, &events);
-  dialog.SetTransientFor(GTK_WINDOW(host));
-  EXPECT_EQ(gtk_window_get_transient_for(dialog.gtk_window()), GTK_WINDOW(host));
-  gtk_widget_destroy(host);
-  EXPECT_EQ(gtk_window_get_transient_for(dialog.gtk_window()), nullptr);
-}
-
 TEST_F(TopLevelTest, DestroyingAFocusedWindowReportsNothingMore) {
   Open();
   window->Focus();
