@@ -270,10 +270,13 @@ gboolean TopLevel::OnButton(GtkWidget*, GdkEventButton* event, gpointer data) {
                  : p.button == MouseButton::Right ? kRightDown : kMiddleDown;
   unsigned held = self->Buttons(event->state);
   switch (event->type) {
-    case GDK_BUTTON_PRESS: p.action = MouseAction::Down; held |= bit; break;
-    case GDK_2BUTTON_PRESS: p.action = MouseAction::DoubleClick; held |= bit; break;
+    case GDK_BUTTON_PRESS:
+      p.action = self->IsSecondClick(event) ? MouseAction::DoubleClick : MouseAction::Down;
+      held |= bit;
+      break;
     case GDK_BUTTON_RELEASE: p.action = MouseAction::Up; held &= ~bit; break;
-    default: return TRUE;  // a third click is an ordinary press already reported
+    // GTK reports a double press after the second press itself; that press was the double click.
+    default: return TRUE;
   }
   if (p.action == MouseAction::Down) gtk_widget_grab_focus(self->area_);
   p.at = {self->ToDevice(event->x), self->ToDevice(event->y)};
@@ -281,6 +284,19 @@ gboolean TopLevel::OnButton(GtkWidget*, GdkEventButton* event, gpointer data) {
   p.buttons = held;
   self->events_->OnPointer(p);
   return TRUE;
+}
+
+bool TopLevel::IsSecondClick(const GdkEventButton* event) {
+  gint time_limit = 400, distance = 5;
+  g_object_get(gtk_widget_get_settings(area_), "gtk-double-click-time", &time_limit,
+               "gtk-double-click-distance", &distance, nullptr);
+  const bool second = last_press_.button == event->button && !last_press_.was_double &&
+                      event->time - last_press_.time <= static_cast<guint32>(time_limit) &&
+                      std::abs(event->x - last_press_.x) <= distance &&
+                      std::abs(event->y - last_press_.y) <= distance;
+  // After a double click the next press starts again, as the third click of a person's triple.
+  last_press_ = {event->button, event->time, event->x, event->y, second};
+  return second;
 }
 
 gboolean TopLevel::OnMotion(GtkWidget*, GdkEventMotion* event, gpointer data) {

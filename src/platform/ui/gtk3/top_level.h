@@ -64,6 +64,8 @@ class TopLevel {
   static void OnRealize(GtkWidget*, gpointer self);
 
   void HandleKey(GdkEventKey* event);
+  // Whether a press completes a double click: the same button again, soon and near enough.
+  bool IsSecondClick(const GdkEventButton* event);
   void EnsureBackBuffer(int width, int height);
   void ApplyTransientParent();
   unsigned Modifiers(unsigned gdk_state) const;
@@ -83,6 +85,12 @@ class TopLevel {
   double wheel_rest_ = 0;  // unfinished notches of smooth scrolling
   bool keys_down_[256] = {};
   GdkWindow* foreign_parent_ = nullptr;
+  struct Press {
+    guint button = 0;
+    guint32 time = 0;
+    double x = 0, y = 0;
+    bool was_double = false;
+  } last_press_;
 };
 
 }  // namespace qmk::platform::ui::gtk3
