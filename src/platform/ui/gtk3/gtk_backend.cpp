@@ -3,6 +3,10 @@
 
 #include <optional>
 
+#ifdef GDK_WINDOWING_X11
+#include <gdk/gdkx.h>
+#endif
+
 #include "platform/ui/gtk3/clipboard.h"
 #include "platform/ui/gtk3/main_loop.h"
 #include "platform/ui/gtk3/monitors.h"
@@ -47,7 +51,11 @@ class GtkBackend::Surface : public WindowEvents {
     backend_->Delivered();
     Host()->OnFocus(top_, gained);
   }
-  void OnConfigured(const Rect& r) override {
+  void OnConfigured(const Rect& reported) override {
+    Rect r = reported;
+    // Wayland tells no window its place on the screen: the place stays the one we asked for.
+    if (!backend_->positions_known_)
+      r = Rect{known_.left, known_.top, known_.left + r.Width(), known_.top + r.Height()};
     // Our own moves come back from the server, sometimes in two steps (the place, then the
     // size); only what differs from what the window system asked for is news.
     if (pending_) {
@@ -92,6 +100,11 @@ bool GtkBackend::Start(BackendHost* host) {
   if (!host || !EnsureGtk()) return false;
   host_ = host;
   display_ = gdk_display_get_default();
+#ifdef GDK_WINDOWING_X11
+  positions_known_ = GDK_IS_X11_DISPLAY(display_);
+#else
+  positions_known_ = false;
+#endif
   g_signal_connect_swapped(display_, "monitor-added", G_CALLBACK(OnMonitorsChanged), this);
   g_signal_connect_swapped(display_, "monitor-removed", G_CALLBACK(OnMonitorsChanged), this);
   g_signal_connect(gdk_display_get_default_screen(display_), "monitors-changed",

@@ -52,6 +52,7 @@ class GtkBackend : public Backend {
   BackendHost* host_ = nullptr;
   GdkDisplay* display_ = nullptr;
   std::map<HWND, std::unique_ptr<Surface>> surfaces_;
+  bool positions_known_ = true;  // X11 reports where windows are; Wayland does not
   unsigned long delivered_ = 0;  // calls made to the host, so PumpEvents can tell
 };
 
