@@ -228,6 +228,18 @@ TEST_F(TopLevelTest, ResizeIsReportedAndTheBackBufferKeepsItsPicture) {
   EXPECT_EQ(pixels[149 * stride + 299] & 0xFFFFFF, 0xFFFFFFu) << "new part not blank";
 }
 
+TEST_F(TopLevelTest, AWindowLargerThanAPictureCanBeIsCutToTheLargest) {
+  TopLevelOptions options;
+  options.screen_rect = {0, 0, 100000, 40};
+  TopLevel huge(options, &events);
+  EXPECT_EQ(huge.back_width(), TopLevel::kMaxSide);
+  EXPECT_EQ(huge.back_height(), 40);
+  EXPECT_EQ(cairo_surface_status(huge.back_buffer()), CAIRO_STATUS_SUCCESS);
+  huge.Resize(-5, 0);
+  EXPECT_EQ(huge.back_width(), 1);
+  EXPECT_EQ(huge.back_height(), 1);
+}
+
 TEST_F(TopLevelTest, TheScreenShowsWhatWasPresented) {
   Open(100, 80, 200, 120);
   cairo_surface_t* image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 200, 120);

@@ -87,8 +87,9 @@ void TopLevel::Move(int x, int y) {
 
 void TopLevel::Resize(int width, int height) {
   int s = scale();
-  width = std::max(1, width);
-  height = std::max(1, height);
+  // Cairo's image surfaces end at 32767 pixels a side; a larger window is cut to that.
+  width = std::clamp(width, 1, kMaxSide);
+  height = std::clamp(height, 1, kMaxSide);
   EnsureBackBuffer(width, height);
   // A window the user may not resize takes the size of its content.
   if (!resizable_) gtk_widget_set_size_request(area_, std::max(1, width / s), std::max(1, height / s));
@@ -361,7 +362,7 @@ gboolean TopLevel::OnConfigure(GtkWidget*, GdkEventConfigure* event, gpointer da
   auto* self = static_cast<TopLevel*>(data);
   int s = self->scale();
   int width = event->width * s, height = event->height * s;
-  self->EnsureBackBuffer(std::max(1, width), std::max(1, height));
+  self->EnsureBackBuffer(std::clamp(width, 1, kMaxSide), std::clamp(height, 1, kMaxSide));
   self->events_->OnConfigured(Rect{event->x * s, event->y * s, event->x * s + width, event->y * s + height});
   return FALSE;
 }

@@ -20,6 +20,8 @@ struct TopLevelOptions {
 
 class TopLevel {
  public:
+  static constexpr int kMaxSide = 32767;  // the largest back buffer, in device pixels a side
+
   // `events` (not owned) must outlive the window.
   TopLevel(const TopLevelOptions& options, WindowEvents* events);
   ~TopLevel();
