@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "platform/ui/backend.h"
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/control_messages.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
@@ -35,6 +36,15 @@ void Fill(HWND dlg) {
   SendDlgItemMessage(dlg, 1010, LB_SETCURSEL, 1, 0);
   AddItems(dlg, 1013, CB_ADDSTRING, {"Daily", "Weekly", "Monthly"});
   SetDlgItemText(dlg, 1013, "Weekly");
+  for (const char* page : {"General", "Paper", "Output"}) {
+    controls::TCITEM item;
+    item.mask = controls::TCIF_TEXT;
+    std::string text = page;
+    item.pszText = text.data();
+    const auto count = SendDlgItemMessage(dlg, 1014, TCM_GETITEMCOUNT, 0, 0);
+    SendDlgItemMessage(dlg, 1014, TCM_INSERTITEM, static_cast<WPARAM>(count),
+                       reinterpret_cast<LPARAM>(&item));
+  }
   SendDlgItemMessage(dlg, 1015, PBM_SETRANGE32, 0, 100);
   SendDlgItemMessage(dlg, 1015, PBM_SETPOS, 60, 0);
   SendDlgItemMessage(dlg, 1016, SBM_SETRANGE, 0, 100);

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/register.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/dialog_state.h"
 #include "platform/ui/message_loop.h"
@@ -233,6 +234,8 @@ void RegisterSystemClasses() {
   wc.lpfnWndProc = DialogWndProc;
   wc.style = CS_DBLCLKS;
   RegisterClass(wc);
+  // The plain controls are there before the first window, so templates can name them.
+  RegisterPlainControls();
 }
 
 std::string LastDialogError() { return g_last_error; }
