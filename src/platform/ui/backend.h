@@ -17,7 +17,7 @@ typedef struct _cairo_surface cairo_surface_t;
 
 namespace qmk::platform::ui {
 
-constexpr int kBackendAbiVersion = 1;
+constexpr int kBackendAbiVersion = 2;
 
 // Modifier keys held during an input event.
 constexpr unsigned kModShift = 0x1, kModControl = 0x2, kModAlt = 0x4;
@@ -87,6 +87,10 @@ class Backend {
   virtual bool PumpEvents(int timeout_ms) = 0;
   // Ends a PumpEvents wait early (after a message was posted from a callback, a timer reset).
   virtual void Wake() = 0;
+
+  // False when no input can come but what code injects (headless): a loop that finds nothing
+  // to wait for then gives up instead of blocking. Back ends with a display keep waiting.
+  virtual bool HasInputSource() const { return true; }
 
   virtual bool GetClipboardText(std::string* out) = 0;
   virtual bool SetClipboardText(const std::string& text) = 0;

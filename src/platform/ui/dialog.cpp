@@ -265,10 +265,11 @@ intptr_t DialogBoxIndirectParam(const DialogTemplate& tpl, HWND owner, DLGPROC p
   DialogState* d = StateOf(dlg);
   if (d && !d->ended) ShowWindow(dlg, SW_SHOW);
   const int script = StartDialogScript(dlg, template_id ? template_id : tpl.id);
-  RunModalLoop(dlg, [dlg] {
-    DialogState* s = StateOf(dlg);
-    return !s || s->ended;
-  });
+  if (!RunModalLoop(dlg, [dlg] {
+        DialogState* s = StateOf(dlg);
+        return !s || s->ended;
+      }))
+    g_last_error = "the dialog's loop ended on a quit message";
   StopDialogScript(script);
   d = StateOf(dlg);
   const intptr_t result = d && d->ended ? d->result : -1;

@@ -31,6 +31,7 @@ class HeadlessBackend final : public Backend {
   void SetPointerGrab(HWND top, bool grab) override;
   bool PumpEvents(int timeout_ms) override;
   void Wake() override {}
+  bool HasInputSource() const override { return false; }
   bool GetClipboardText(std::string* out) override;
   bool SetClipboardText(const std::string& text) override;
   std::vector<Monitor> Monitors() override;

@@ -140,7 +140,7 @@ bool WaitForInput(bool idle_wants_more) {
   if (next >= 0) timeout = static_cast<int>(std::min<int64_t>(next, INT_MAX));
   if (idle_wants_more || HasInjectedInput()) timeout = 0;
   const bool got = TheBackend().PumpEvents(timeout);
-  return got || timeout >= 0;
+  return got || timeout >= 0 || TheBackend().HasInputSource();
 }
 
 }  // namespace
