@@ -197,6 +197,15 @@ TEST(EditModelUndo, BackspaceRunAndReplacedSelectionRestore) {
   EXPECT_EQ(m.text(), "hello");
 }
 
+TEST(EditModelUndo, ChangeWithoutUndoEmptiesTheBuffer) {
+  EditModel m = Make("");
+  m.TypeChar('a');
+  m.SetSel(0, 0);
+  m.ReplaceSel("xyz", false);
+  EXPECT_FALSE(m.CanUndo());
+  EXPECT_EQ(m.text(), "xyza");
+}
+
 TEST(EditModelUndo, WindowTextEmptiesTheUndoBuffer) {
   EditModel m = Make("a");
   m.SetSel(1, 1);
@@ -262,6 +271,11 @@ TEST(EditModelLines, IndexLengthAndScrolling) {
   EXPECT_EQ(m.first_line(), 2);
   EXPECT_EQ(m.ScrollLines(5), 1);
   EXPECT_EQ(m.ScrollLines(-9), -3);
+
+  // Taking the lines out pulls the view up with them.
+  m.SelectAll();
+  m.DeleteBack();
+  EXPECT_EQ(m.first_line(), 0);
 
   EditModel single = Make("a\r\nb");
   EXPECT_EQ(single.LineCount(), 1);

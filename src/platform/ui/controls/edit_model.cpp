@@ -122,11 +122,19 @@ void EditModel::RecordUndo(int pos, const std::string& removed, const std::strin
 void EditModel::Replace(int pos, int count, const std::string& with, UndoRecord::Kind kind,
                         bool can_undo) {
   std::string removed = text_.substr(pos, count);
+  // A change that can't be undone empties the undo buffer, which would no longer fit the text.
   if (can_undo) RecordUndo(pos, removed, with, kind);
+  else undo_ = {};
   text_.replace(pos, count, with);
   lines_dirty_ = true;
   anchor_ = caret_ = pos + static_cast<int>(with.size());
   modified_ = true;
+  ClampScroll();
+}
+
+void EditModel::ClampScroll() {
+  // Lines taken out above the view pull it up.
+  first_line_ = std::clamp(first_line_, 0, LineCount() - 1);
 }
 
 EditResult EditModel::TypeChar(char c) {
@@ -226,6 +234,7 @@ EditResult EditModel::Undo() {
   text_.replace(u.pos, u.inserted.size(), u.removed);
   lines_dirty_ = true;
   modified_ = true;
+  ClampScroll();
   // The undone change becomes the one to undo, so a second undo puts it back.
   undo_ = UndoRecord{true, u.pos, u.inserted, u.removed, UndoRecord::kOther};
   // The text that came back is selected.

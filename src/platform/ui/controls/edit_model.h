@@ -139,6 +139,7 @@ class EditModel {
   void RecordUndo(int pos, const std::string& removed, const std::string& with,
                   UndoRecord::Kind kind);
   const std::vector<int>& LineStarts() const;
+  void ClampScroll();
 
   EditOptions options_;
   std::string text_;
