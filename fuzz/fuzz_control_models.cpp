@@ -50,6 +50,8 @@ void RunEdit(Bytes& in) {
   EditModel m({(flags & 1) != 0, (flags & 2) != 0, (flags & 4) != 0, (flags & 8) != 0});
   MemoryClipboard clip;
   m.SetText(in.text());
+  // Copying all and pasting doubles the text: a limit keeps the runs short.
+  m.SetLimit(4096);
   auto width = [](std::string_view s) { return static_cast<int>(s.size()) * 7; };
   for (int steps = 0; in.more() && steps < 200; ++steps) {
     uint8_t op = in.next();
@@ -71,7 +73,7 @@ void RunEdit(Bytes& in) {
       case 7: m.Cut(clip); break;
       case 8: m.Copy(clip); break;
       case 9: m.Paste(clip); break;
-      case 10: m.SetLimit(in.next() % 40); break;
+      case 10: m.SetLimit(1 + in.next() % 200); break;
       case 11: m.SetVisibleLines(in.next() % 5); m.ScrollLines(static_cast<int8_t>(in.next())); break;
       case 12: m.EnsureCaretVisible(width, in.next()); break;
       case 13: m.SelectWordAt(static_cast<int8_t>(in.next())); break;
