@@ -45,5 +45,6 @@ int RunBitmap(Args& args);
 int RunFormula(Args& args);
 int RunAutoName(Args& args);
 int RunSettings(Args& args);
+int RunUiDemo(Args& args);
 
 }  // namespace qmkscan

@@ -35,6 +35,8 @@ constexpr Command kCommands[] = {
                  "[--ini NAME: SECTION KEY instead of KEY NAME]",
      "read and write the settings store (per-user keys, --machine keys, or an INI file)",
      RunSettings},
+    {"ui-demo", "[--png FILE]",
+     "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
 };
 
 void PrintHelp(std::FILE* out) {

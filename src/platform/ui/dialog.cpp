@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/register.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/dialog_state.h"
 #include "platform/ui/message_loop.h"
@@ -191,10 +192,9 @@ HWND CreateFromTemplate(const DialogTemplate& tpl, HWND owner, DLGPROC proc, LPA
       return nullptr;
     }
     Send(ctrl, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+    // The first control that calls itself the default push button is the dialog's default.
     DialogState* d = StateOf(dlg);
-    if (d && !d->def_id && item.class_name == kButtonClass &&
-        (item.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON)
-      d->def_id = item.id;
+    if (d && !d->def_id && (Send(ctrl, WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON)) d->def_id = item.id;
   }
   const HWND first = FirstTabItem(dlg);
   if (Send(dlg, WM_INITDIALOG, reinterpret_cast<WPARAM>(first), init) && first && IsWindow(first))
@@ -234,6 +234,8 @@ void RegisterSystemClasses() {
   wc.lpfnWndProc = DialogWndProc;
   wc.style = CS_DBLCLKS;
   RegisterClass(wc);
+  // The plain controls are there before the first window, so templates can name them.
+  RegisterPlainControls();
 }
 
 std::string LastDialogError() { return g_last_error; }

@@ -8,6 +8,7 @@
 #include "platform/ui/dialog_template.h"
 #include "platform/ui/messages.h"
 #include "platform/ui/types.h"
+#include "platform/ui/window.h"
 
 namespace qmk::platform::ui {
 

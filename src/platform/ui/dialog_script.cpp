@@ -2,6 +2,7 @@
 // step each time the dialog's loop falls idle, through injected keys and clicks.
 #include "platform/ui/dialog_script.h"
 
+#include <cctype>
 #include <cstdio>
 #include <deque>
 #include <memory>
@@ -134,7 +135,11 @@ class Player {
   }
 
   bool Choose(HWND h, const ScriptStep& s, const std::string& id) {
-    const bool combo = GetClassName(h) == kComboBoxClass;
+    // Combo boxes (any class with "combo" in its name) take the combo messages, others the
+    // list box ones.
+    std::string cls = GetClassName(h);
+    for (char& c : cls) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    const bool combo = cls.find("combo") != std::string::npos;
     const unsigned find = combo ? CB_FINDSTRINGEXACT : LB_FINDSTRINGEXACT;
     const LRESULT index = Send(h, find, static_cast<WPARAM>(-1),
                                reinterpret_cast<LPARAM>(s.text.c_str()));

@@ -19,6 +19,24 @@ std::vector<Monitor>& ConfiguredMonitors() {
   return monitors;
 }
 
+// A plain frame and title bar around a decorated window in the screen picture, where a
+// window manager would put its own.
+void DrawCaption(cairo_t* cr, const Rect& window, const std::string& title, bool active) {
+  constexpr int kBar = 22, kEdge = 1;
+  const Rect frame{window.left - kEdge, window.top - kBar, window.right + kEdge,
+                   window.bottom + kEdge};
+  cairo_set_source_rgb(cr, active ? 0.18 : 0.45, active ? 0.35 : 0.48, active ? 0.58 : 0.52);
+  cairo_rectangle(cr, frame.left, frame.top, frame.Width(), frame.Height());
+  cairo_fill(cr);
+  cairo_save(cr);
+  cairo_translate(cr, window.left, window.top - kBar);
+  Dc dc(cr, nullptr, {0, 0, window.Width(), kBar});
+  dc.SetTextColor(0xFFFFFFFFu);
+  Rect text{6, 0, window.Width() - 6, kBar};
+  dc.DrawText(title, &text, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+  cairo_restore(cr);
+}
+
 }  // namespace
 
 bool HeadlessBackend::Start(BackendHost* host) {
@@ -139,8 +157,9 @@ std::unique_ptr<DrawTarget> RenderScreen() {
   for (auto it = tops.rbegin(); it != tops.rend(); ++it) {
     Window* w = Find(*it);
     if (!w || !(w->style & WS_VISIBLE) || !w->surface || w->native_id) continue;
-    cairo_set_source_surface(cr, w->surface, w->window_rect.left - screen.left,
-                             w->window_rect.top - screen.top);
+    const Rect at = OffsetRect(w->window_rect, -screen.left, -screen.top);
+    if ((w->style & WS_CAPTION) == WS_CAPTION) DrawCaption(cr, at, w->text, *it == GetActiveWindow());
+    cairo_set_source_surface(cr, w->surface, at.left, at.top);
     cairo_paint(cr);
   }
   cairo_destroy(cr);
