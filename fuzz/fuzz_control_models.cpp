@@ -43,6 +43,12 @@ void CheckEdit(const EditModel& m) {
   Check(m.LineIndex(line) <= m.caret());
   Check(m.LineIndex(line) + m.LineLength(line) <= m.Length());
   Check(m.first_line() >= 0 && m.first_line() < m.LineCount());
+  // The lines cover the text in order, each starting where the one before ended (or after
+  // its line break).
+  for (int i = 1; i < m.LineCount(); ++i) {
+    int end = m.LineIndex(i - 1) + m.LineLength(i - 1);
+    Check(m.LineIndex(i) == end || m.LineIndex(i) == end + 2);
+  }
 }
 
 void RunEdit(Bytes& in) {
@@ -55,7 +61,7 @@ void RunEdit(Bytes& in) {
   auto width = [](std::string_view s) { return static_cast<int>(s.size()) * 7; };
   for (int steps = 0; in.more() && steps < 200; ++steps) {
     uint8_t op = in.next();
-    switch (op % 14) {
+    switch (op % 15) {
       case 0: m.TypeChar(static_cast<char>(in.next())); break;
       case 1: m.ReplaceSel(in.text(), (op & 0x10) != 0); break;
       case 2: m.DeleteBack(); break;
@@ -77,6 +83,12 @@ void RunEdit(Bytes& in) {
       case 11: m.SetVisibleLines(in.next() % 5); m.ScrollLines(static_cast<int8_t>(in.next())); break;
       case 12: m.EnsureCaretVisible(width, in.next()); break;
       case 13: m.SelectWordAt(static_cast<int8_t>(in.next())); break;
+      case 14: {
+        uint8_t px = in.next();
+        if (px < 8) m.SetWrap(nullptr, 0);
+        else m.SetWrap(width, px % 64);
+        break;
+      }
     }
     CheckEdit(m);
   }

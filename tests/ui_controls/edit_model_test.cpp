@@ -281,6 +281,34 @@ TEST(EditModelLines, IndexLengthAndScrolling) {
   EXPECT_EQ(single.LineCount(), 1);
 }
 
+TEST(EditModelLines, WrapBreaksAfterSpacesAndCutsLongWords) {
+  auto width = [](std::string_view s) { return static_cast<int>(s.size()); };
+  struct Case { std::string text; int px; std::vector<int> starts; };
+  const Case cases[] = {
+      {"hello world again", 10, {0, 6, 12}},
+      {"abcdefghijklmnop", 5, {0, 5, 10, 15}},
+      {"ab\r\ncd", 10, {0, 4}},
+      {"ab   cd", 3, {0, 5}},          // spaces at the break stay on the first line
+      {"one two\r\n\r\nx", 4, {0, 4, 9, 11}},
+  };
+  for (const Case& c : cases) {
+    EditModel m = Make(c.text, {.multi_line = true});
+    m.SetWrap(width, c.px);
+    std::vector<int> starts;
+    for (int i = 0; i < m.LineCount(); ++i) starts.push_back(m.LineIndex(i));
+    EXPECT_EQ(starts, c.starts) << c.text;
+  }
+  EditModel m = Make("hello world again", {.multi_line = true});
+  m.SetWrap(width, 10);
+  EXPECT_EQ(m.LineLength(0), 6);
+  EXPECT_EQ(m.Line(2), "again");
+  m.SetSel(8, 8);
+  m.MoveCaret(CaretMove::kDown, false);
+  EXPECT_EQ(m.caret(), 14);
+  m.SetWrap(nullptr, 0);
+  EXPECT_EQ(m.LineCount(), 1);
+}
+
 TEST(EditModelLines, HorizontalScrollFollowsTheCaret) {
   auto width = [](std::string_view s) { return static_cast<int>(s.size()) * 10; };
   EditModel m = Make(std::string(30, 'x'));
