@@ -197,6 +197,15 @@ TEST(EditModelUndo, BackspaceRunAndReplacedSelectionRestore) {
   EXPECT_EQ(m.text(), "hello");
 }
 
+TEST(EditModelUndo, ChangeWithoutUndoEmptiesTheBuffer) {
+  EditModel m = Make("");
+  m.TypeChar('a');
+  m.SetSel(0, 0);
+  m.ReplaceSel("xyz", false);
+  EXPECT_FALSE(m.CanUndo());
+  EXPECT_EQ(m.text(), "xyza");
+}
+
 TEST(EditModelUndo, WindowTextEmptiesTheUndoBuffer) {
   EditModel m = Make("a");
   m.SetSel(1, 1);
@@ -263,8 +272,41 @@ TEST(EditModelLines, IndexLengthAndScrolling) {
   EXPECT_EQ(m.ScrollLines(5), 1);
   EXPECT_EQ(m.ScrollLines(-9), -3);
 
+  // Taking the lines out pulls the view up with them.
+  m.SelectAll();
+  m.DeleteBack();
+  EXPECT_EQ(m.first_line(), 0);
+
   EditModel single = Make("a\r\nb");
   EXPECT_EQ(single.LineCount(), 1);
+}
+
+TEST(EditModelLines, WrapBreaksAfterSpacesAndCutsLongWords) {
+  auto width = [](std::string_view s) { return static_cast<int>(s.size()); };
+  struct Case { std::string text; int px; std::vector<int> starts; };
+  const Case cases[] = {
+      {"hello world again", 10, {0, 6, 12}},
+      {"abcdefghijklmnop", 5, {0, 5, 10, 15}},
+      {"ab\r\ncd", 10, {0, 4}},
+      {"ab   cd", 3, {0, 5}},          // spaces at the break stay on the first line
+      {"one two\r\n\r\nx", 4, {0, 4, 9, 11}},
+  };
+  for (const Case& c : cases) {
+    EditModel m = Make(c.text, {.multi_line = true});
+    m.SetWrap(width, c.px);
+    std::vector<int> starts;
+    for (int i = 0; i < m.LineCount(); ++i) starts.push_back(m.LineIndex(i));
+    EXPECT_EQ(starts, c.starts) << c.text;
+  }
+  EditModel m = Make("hello world again", {.multi_line = true});
+  m.SetWrap(width, 10);
+  EXPECT_EQ(m.LineLength(0), 6);
+  EXPECT_EQ(m.Line(2), "again");
+  m.SetSel(8, 8);
+  m.MoveCaret(CaretMove::kDown, false);
+  EXPECT_EQ(m.caret(), 14);
+  m.SetWrap(nullptr, 0);
+  EXPECT_EQ(m.LineCount(), 1);
 }
 
 TEST(EditModelLines, HorizontalScrollFollowsTheCaret) {

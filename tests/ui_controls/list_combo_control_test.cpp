@@ -117,6 +117,20 @@ TEST_F(ListComboTest, DropDownListPicksByKeyboardAndTellsSelChange) {
                                           CBN_SELCHANGE));
 }
 
+TEST_F(ListComboTest, ResizingADropDownSetsTheListsRoomNotTheField) {
+  HWND c = MakeCombo(CBS_DROPDOWN);
+  Rect before;
+  GetWindowRect(c, &before);
+  MoveWindow(c, 10, 10, 200, 300, true);
+  Rect after;
+  GetWindowRect(c, &after);
+  EXPECT_EQ(after.Height(), before.Height());
+  EXPECT_EQ(after.Width(), 200);
+  Rect dropped;
+  Send(c, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+  EXPECT_EQ(dropped.Height(), 300);
+}
+
 TEST_F(ListComboTest, DropDownOpensAndAMouseClickPicks) {
   HWND c = MakeCombo(CBS_DROPDOWNLIST);
   Send(c, CB_SETCURSEL, 0);

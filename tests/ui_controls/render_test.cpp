@@ -168,6 +168,42 @@ TEST_F(RenderTest, EveryControlInEachState) {
   Compare(host_, "plain_controls.png");
 }
 
+TEST_F(RenderTest, FocusLookOfEachKind) {
+  struct Focused { const char* name; const char* cls; const char* text; uint32_t style; int w, h; };
+  const Focused cases[] = {
+      {"push", kButtonClass, "Focused", BS_DEFPUSHBUTTON, 90, 26},
+      {"check", kButtonClass, "Focused check", BS_AUTOCHECKBOX, 130, 20},
+      {"radio", kButtonClass, "Focused radio", BS_AUTORADIOBUTTON, 130, 20},
+      {"list", kListBoxClass, "", WS_BORDER, 100, 50},
+      {"drop_list", kComboBoxClass, "", CBS_DROPDOWNLIST, 110, 100},
+      {"tabs", kTabClass, "", 0, 150, 50},
+      {"scroll_bar", kScrollBarClass, "", SBS_HORZ, 150, 17},
+  };
+  for (const Focused& c : cases) {
+    HWND w = Add(c.cls, c.text, c.style | WS_TABSTOP, 10, 10, c.w, c.h);
+    if (c.cls == kListBoxClass) {
+      for (const char* t : {"Odd", "Even", "None"}) SendText(w, LB_ADDSTRING, 0, t);
+      Send(w, LB_SETCURSEL, 1);
+    } else if (c.cls == kComboBoxClass) {
+      for (const char* t : {"Odd", "Even", "None"}) SendText(w, CB_ADDSTRING, 0, t);
+      Send(w, CB_SETCURSEL, 1);
+    } else if (c.cls == kTabClass) {
+      for (const char* title : {"One", "Two"}) {
+        TCITEM item;
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<char*>(title);
+        Send(w, TCM_INSERTITEM, 9, reinterpret_cast<LPARAM>(&item));
+      }
+    } else if (c.cls == kScrollBarClass) {
+      Send(w, SBM_SETPOS, 40, 1);
+    }
+    SetFocus(w);
+    Pump();
+    Compare(w, (std::string("focused_") + c.name + ".png").c_str());
+    DestroyWindow(w);
+  }
+}
+
 TEST_F(RenderTest, DroppedComboList) {
   HWND combo = Add(kComboBoxClass, "", CBS_DROPDOWNLIST | WS_VSCROLL, 20, 20, 120, 110, 1);
   for (const char* t : {"1200", "2400", "4800", "9600", "19200", "38400", "115200"}) {

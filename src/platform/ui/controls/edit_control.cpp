@@ -186,7 +186,18 @@ LRESULT EditControl::HandleMouse(unsigned msg, WPARAM wparam, LPARAM lparam) {
   return 0;
 }
 
+void EditControl::UpdateWrap() {
+  // A multi-line edit without auto-scroll wraps its lines at its width.
+  bool wrap = model_.options().multi_line && !(style() & ES_AUTOHSCROLL);
+  int px = wrap ? View().area.Width() : 0;
+  if (px == wrap_px_ && font() == wrap_font_) return;
+  wrap_px_ = px;
+  wrap_font_ = font();
+  model_.SetWrap(wrap ? WidthIn(font()) : TextWidth(), px);
+}
+
 LRESULT EditControl::Handle(unsigned msg, WPARAM wparam, LPARAM lparam) {
+  if (msg != WM_NCDESTROY) UpdateWrap();
   bool handled = true;
   LRESULT r = HandleEditMessage(msg, wparam, lparam, &handled);
   if (handled) return r;

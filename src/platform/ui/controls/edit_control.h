@@ -30,12 +30,15 @@ class EditControl : public PlainControl {
   // Whether `text` in place of the selection still fits a single line without auto-scroll.
   bool FitsWithoutScroll(const std::string& text) const;
   void ScrollCaretIntoView();
+  void UpdateWrap();
   LRESULT HandleEditMessage(unsigned msg, WPARAM wparam, LPARAM lparam, bool* handled);
   LRESULT HandleMouse(unsigned msg, WPARAM wparam, LPARAM lparam);
 
   EditModel model_;
   char password_char_ = '*';
   bool dragging_ = false;
+  int wrap_px_ = -1;  // the width the model wraps at, -1 before the first look
+  HFONT wrap_font_ = nullptr;
 };
 
 }  // namespace qmk::platform::ui::controls

@@ -122,11 +122,19 @@ void EditModel::RecordUndo(int pos, const std::string& removed, const std::strin
 void EditModel::Replace(int pos, int count, const std::string& with, UndoRecord::Kind kind,
                         bool can_undo) {
   std::string removed = text_.substr(pos, count);
+  // A change that can't be undone empties the undo buffer, which would no longer fit the text.
   if (can_undo) RecordUndo(pos, removed, with, kind);
+  else undo_ = {};
   text_.replace(pos, count, with);
   lines_dirty_ = true;
   anchor_ = caret_ = pos + static_cast<int>(with.size());
   modified_ = true;
+  ClampScroll();
+}
+
+void EditModel::ClampScroll() {
+  // Lines taken out above the view pull it up.
+  first_line_ = std::clamp(first_line_, 0, LineCount() - 1);
 }
 
 EditResult EditModel::TypeChar(char c) {
@@ -226,6 +234,7 @@ EditResult EditModel::Undo() {
   text_.replace(u.pos, u.inserted.size(), u.removed);
   lines_dirty_ = true;
   modified_ = true;
+  ClampScroll();
   // The undone change becomes the one to undo, so a second undo puts it back.
   undo_ = UndoRecord{true, u.pos, u.inserted, u.removed, UndoRecord::kOther};
   // The text that came back is selected.
@@ -291,13 +300,68 @@ void EditModel::SelectWordAt(int pos) {
   caret_ = end;
 }
 
+void EditModel::SetWrap(TextWidth width, int pixels) {
+  wrap_width_ = std::move(width);
+  wrap_px_ = wrap_width_ && options_.multi_line ? std::max(pixels, 1) : 0;
+  lines_dirty_ = true;
+  ClampScroll();
+}
+
+int EditModel::WrapEnd(int from, int end) const {
+  auto fits = [&](int to) {
+    return wrap_width_(std::string_view(text_).substr(from, to - from)) <= wrap_px_;
+  };
+  if (fits(end)) return end;
+  // The longest piece that fits, then back to just after its last space; a word longer than
+  // the line is cut where the line ends, keeping at least one character.
+  int lo = from + 1, hi = end;
+  while (lo < hi) {
+    int mid = (lo + hi + 1) / 2;
+    if (fits(mid)) lo = mid;
+    else hi = mid - 1;
+  }
+  int cut = lo;
+  while (cut > from + 1 && cut < end && IsContinuation(text_[cut])) --cut;
+  if (text_[cut] == ' ') {
+    // Spaces at a break hang at the end of the line.
+    while (cut < end && text_[cut] == ' ') ++cut;
+    return cut;
+  }
+  for (int i = cut - 1; i > from; --i) {
+    if (text_[i] == ' ') return i + 1;
+  }
+  return cut;
+}
+
+void EditModel::AddLines(int start, int end) const {
+  if (wrap_px_ <= 0 || start == end) {
+    line_starts_.push_back(start);
+    line_lengths_.push_back(end - start);
+    return;
+  }
+  for (int p = start; p < end;) {
+    int next = WrapEnd(p, end);
+    line_starts_.push_back(p);
+    line_lengths_.push_back(next - p);
+    p = next;
+  }
+}
+
 const std::vector<int>& EditModel::LineStarts() const {
   if (!lines_dirty_) return line_starts_;
-  line_starts_.assign(1, 0);
-  if (options_.multi_line) {
+  line_starts_.clear();
+  line_lengths_.clear();
+  if (!options_.multi_line) {
+    AddLines(0, Length());
+  } else {
+    int start = 0;
     for (int i = 0; i + 1 < Length(); ++i) {
-      if (IsBreakAt(i)) line_starts_.push_back(i + 2);
+      if (!IsBreakAt(i)) continue;
+      AddLines(start, i);
+      start = i + 2;
+      ++i;
     }
+    AddLines(start, Length());
   }
   lines_dirty_ = false;
   return line_starts_;
@@ -319,10 +383,8 @@ int EditModel::LineFromChar(int pos) const {
 }
 
 int EditModel::LineLength(int line) const {
-  int start = LineIndex(line);
-  if (start < 0) return 0;
-  int next = LineIndex(line + 1);
-  return next < 0 ? Length() - start : next - 2 - start;
+  if (LineIndex(line) < 0) return 0;
+  return line_lengths_[line];
 }
 
 std::string EditModel::Line(int line) const {
@@ -341,7 +403,9 @@ void EditModel::EnsureCaretVisible(const TextWidth& width, int view_width) {
   int line = LineFromChar(caret_);
   if (line < first_line_) first_line_ = line;
   if (line >= first_line_ + visible_lines_) first_line_ = line - visible_lines_ + 1;
-  if (!width || view_width <= 0) return;
+  // A wrapped edit's lines fit its width: it never scrolls sideways.
+  if (wrap_px_ > 0) scroll_x_ = 0;
+  if (!width || view_width <= 0 || wrap_px_ > 0) return;
   std::string shown = DisplayText('*');
   int start = LineIndex(line);
   int x = width(std::string_view(shown).substr(start, caret_ - start));

@@ -98,7 +98,13 @@ class EditModel {
   // Selects the word around `pos` (a double click).
   void SelectWordAt(int pos);
 
-  // Lines of a multi-line edit, split at "\r\n"; a single-line edit has one line.
+  // Word wrap of a multi-line edit: lines also break where the next word would pass `pixels`
+  // as `width` measures; a null `width` turns wrapping off.
+  void SetWrap(TextWidth width, int pixels);
+  bool wraps() const { return wrap_px_ > 0; }
+
+  // Lines of a multi-line edit, split at "\r\n" and, when wrapping, where a line is full; a
+  // single-line edit has one line.
   int LineCount() const;
   int LineIndex(int line) const;  // start of a line; -1 past the last
   int LineFromChar(int pos) const;
@@ -139,6 +145,11 @@ class EditModel {
   void RecordUndo(int pos, const std::string& removed, const std::string& with,
                   UndoRecord::Kind kind);
   const std::vector<int>& LineStarts() const;
+  // Adds the lines of the text from `start` to the hard break at `end`.
+  void AddLines(int start, int end) const;
+  // Where the wrapped line that starts at `from` ends, before the hard break at `end`.
+  int WrapEnd(int from, int end) const;
+  void ClampScroll();
 
   EditOptions options_;
   std::string text_;
@@ -149,7 +160,10 @@ class EditModel {
   int first_line_ = 0;
   int visible_lines_ = 1;
   int scroll_x_ = 0;
+  TextWidth wrap_width_;
+  int wrap_px_ = 0;
   mutable std::vector<int> line_starts_;
+  mutable std::vector<int> line_lengths_;
   mutable bool lines_dirty_ = true;
 };
 

@@ -130,6 +130,8 @@ bool ListBoxModel::SetCurSel(int index) {
 }
 
 bool ListBoxModel::SetSel(int index, bool select) {
+  // A single-selection list has SetCurSel instead.
+  if (!IsMultiple()) return false;
   if (index == -1) {
     bool changed = false;
     for (auto& item : items_) {
@@ -160,6 +162,7 @@ std::vector<int> ListBoxModel::SelectedItems() const {
 }
 
 bool ListBoxModel::SelItemRange(int first, int last, bool select) {
+  if (!IsMultiple()) return false;
   if (first > last) std::swap(first, last);
   first = std::max(first, 0);
   last = std::min(last, Count() - 1);

@@ -56,7 +56,8 @@ class ListBoxModel {
   // Selects one item (single selection); -1 or a bad index clears it and the result is
   // kListError for a bad index. True if the selection changed.
   bool SetCurSel(int index);
-  // Multiple selection: set or clear one item, or all with index -1.
+  // Multiple selection: set or clear one item, or all with index -1 (a single-selection list
+  // refuses).
   bool SetSel(int index, bool select);
   bool IsSelected(int index) const;
   int SelCount() const;

@@ -61,6 +61,7 @@ LRESULT ScrollBarControl::HandleMouse(unsigned msg, LPARAM lparam) {
         int track = model_.PosFromThumbOffset(offset, layout.TrackLength(), kMinThumb);
         if (track != model_.track_pos()) {
           model_.SetTrackPos(track);
+          Invalidate();
           Tell(SB_THUMBTRACK, track);
         }
       }
@@ -177,7 +178,10 @@ LRESULT ScrollBarControl::HandleBarMessage(unsigned msg, WPARAM wparam, LPARAM l
 }
 
 void ScrollBarControl::Paint(Dc& dc) {
-  PaintScrollBar(dc, Layout(), model_, enabled(), pressed_);
+  // A dragged thumb shows where the mouse holds it, before the parent moves the bar.
+  ScrollBarModel shown = model_;
+  if (pressed_ == ScrollPart::kThumb) shown.SetPos(model_.track_pos());
+  PaintScrollBar(dc, Layout(), shown, enabled(), pressed_);
   if (focused() && pressed_ == ScrollPart::kNone) {
     Rect thumb = Layout().PartRect(model_, ScrollPart::kThumb);
     if (!thumb.IsEmpty()) dc.DrawFocusRect(Deflate(thumb, 2, 2));
