@@ -266,3 +266,37 @@ TEST_F(MessageOrder, StyleChangesAreAnnounced) {
 
 }  // namespace
 }  // namespace qmk::testing
+
+namespace qmk::testing {
+namespace {
+
+LRESULT MinSizeProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
+  if (msg == WM_GETMINMAXINFO) {
+    auto* mmi = reinterpret_cast<MINMAXINFO*>(lp);
+    mmi->ptMinTrackSize = {100, 80};
+    mmi->ptMaxTrackSize = {400, 300};
+    return 0;
+  }
+  return DefWindowProc(h, msg, wp, lp);
+}
+
+TEST_F(MessageOrder, TopLevelSizesKeepToTheirMinMaxInfo) {
+  WNDCLASS wc;
+  wc.lpszClassName = "MinSize";
+  wc.lpfnWndProc = MinSizeProc;
+  RegisterClass(wc);
+  HWND t = CreateWindowEx(0, "MinSize", "", WS_POPUP, 0, 0, 10, 10, nullptr, 0, nullptr);
+  Rect r;
+  GetWindowRect(t, &r);
+  EXPECT_EQ(r, (Rect{0, 0, 100, 80}));
+  SetWindowPos(t, nullptr, 0, 0, 1000, 1000, SWP_NOZORDER | SWP_NOMOVE);
+  GetWindowRect(t, &r);
+  EXPECT_EQ(r, (Rect{0, 0, 400, 300}));
+  // Children are not held to it.
+  HWND c = CreateWindowEx(0, "MinSize", "", WS_CHILD, 0, 0, 10, 10, t, 1, nullptr);
+  GetWindowRect(c, &r);
+  EXPECT_EQ(r.Width(), 10);
+}
+
+}  // namespace
+}  // namespace qmk::testing
