@@ -87,7 +87,11 @@ std::string ChooseBackendName(const char* qmk_ui, const char* display, const cha
 std::vector<std::string> ModuleSearchPath() {
   std::vector<std::string> dirs;
   if (const char* env = std::getenv("QMK_UI_MODULE_DIR"); env && *env) dirs.push_back(env);
-  if (std::string own = OwnFolder(); !own.empty()) dirs.push_back(own);
+  // Beside the library, and in its module folder (lib/qmkscan when installed).
+  if (std::string own = OwnFolder(); !own.empty()) {
+    dirs.push_back(own);
+    dirs.push_back(own + "/qmkscan");
+  }
 #ifdef QMK_BUILD_TREE
   dirs.push_back(std::string(QMK_BUILD_TREE) + "/src/platform/ui/gtk3");
   dirs.push_back(std::string(QMK_BUILD_TREE) + "/src");

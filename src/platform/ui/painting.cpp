@@ -133,9 +133,15 @@ void EnsureSurface(Window* top) {
                        ((kFaceColor >> 16) & 0xFF) / 255.0);
   cairo_paint(cr);
   cairo_destroy(cr);
-  if (top->surface) cairo_surface_destroy(top->surface);
+  cairo_surface_t* old = top->surface;
   top->surface = s;
   top->presented_dirty = {0, 0, width, height};
+  // The back end holds the picture it was last given: it gets the new one before the old goes.
+  if (old && BackendStarted()) {
+    TheBackend().Present(top->handle, s, top->presented_dirty);
+    top->presented_dirty = {};
+  }
+  if (old) cairo_surface_destroy(old);
 }
 
 void InvalidateInTop(Window* top, const Rect& r, bool erase) { InvalidateWalk(top, r, erase); }
