@@ -248,6 +248,40 @@ TEST_F(GtkDialogTest, SampleDialogEscapeCancels) {
   EXPECT_EQ(v.name, "");
 }
 
+// The whole road of a person's keys: X events into GTK, the back end, the window system's
+// dialog manager and the edit control.
+TEST_F(GtkDialogTest, KeysTypedIntoTheGtkWindowReachTheDialogsControls) {
+  SampleValues v;
+  HWND dlg = CreateDialogParam(kSample, nullptr, SampleDialogProc, reinterpret_cast<LPARAM>(&v));
+  ASSERT_NE(dlg, nullptr);
+  ShowWindow(dlg, 5 /* SW_SHOW */);
+  GtkWidget* native = nullptr;
+  ASSERT_TRUE(PumpUntil([&] {
+    PumpMessages(0);
+    GList* all = gtk_window_list_toplevels();
+    for (GList* l = all; l; l = l->next)
+      if (g_strcmp0(gtk_window_get_title(GTK_WINDOW(l->data)), "Sample dialog") == 0 &&
+          gtk_widget_get_mapped(GTK_WIDGET(l->data)))
+        native = GTK_WIDGET(l->data);
+    g_list_free(all);
+    return native != nullptr;
+  }));
+  SetFocus(GetDlgItem(dlg, 1001));
+  for (guint key : {GDK_KEY_A, GDK_KEY_d, GDK_KEY_a}) {
+    PutKey(native, true, key, key == GDK_KEY_A ? GDK_SHIFT_MASK : 0);
+    PutKey(native, false, key, key == GDK_KEY_A ? GDK_SHIFT_MASK : 0);
+  }
+  PutKey(native, true, GDK_KEY_Tab);  // the dialog manager moves on to the colour
+  PutKey(native, false, GDK_KEY_Tab);
+  PutKey(native, true, GDK_KEY_Down);
+  PutKey(native, false, GDK_KEY_Down);
+  EXPECT_TRUE(PumpUntil([&] {
+    PumpMessages(0);
+    return GetDlgItemText(dlg, 1001) == "Ada" && ComboText(dlg, 1002) == "Green";
+  })) << "name \"" << GetDlgItemText(dlg, 1001) << "\", colour \"" << ComboText(dlg, 1002) << "\"";
+  DestroyWindow(dlg);
+}
+
 TEST_F(GtkDialogTest, EscapeCancelsABareDialog) {
   QueueDialogScript(DialogScript(kBareDialog).Key(VK_ESCAPE));
   Outcome out;
