@@ -136,6 +136,8 @@ class GtkDialogTest : public GtkSession {
     testing::RegisterTestControls();
     SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {
       if (id == kOrder) return std::string(testing::kOrderTemplate);
+      for (const BuiltinTemplate& t : BuiltinTemplates())
+        if (t.id == id && t.language == kLangEnglishUS) return std::string(t.text);
       return std::nullopt;
     });
     ClearDialogScripts();
@@ -179,6 +181,105 @@ TEST_F(GtkDialogTest, EscapeCancelsAndNothingIsReadBack) {
   Outcome out;
   EXPECT_EQ(RunOrder(&out), IDCANCEL);
   EXPECT_EQ(out.name, "unset");
+}
+
+// The sample dialog of resources/dialogs, one of every plain control.
+constexpr int kSample = 9000;
+
+struct SampleValues {
+  std::string name, colour, count;
+  int size = 0;
+  bool print = false;
+};
+
+intptr_t SampleDialogProc(HWND dlg, unsigned msg, WPARAM wparam, LPARAM lparam) {
+  if (msg == WM_INITDIALOG) {
+    SetProp(dlg, "values", reinterpret_cast<void*>(lparam));
+    for (const char* colour : {"Red", "Green", "Blue"})
+      SendDlgItemMessage(dlg, 1002, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(colour));
+    SendDlgItemMessage(dlg, 1002, CB_SETCURSEL, 0, 0);
+    for (const char* sheet : {"First sheet", "Second sheet", "Third sheet"})
+      SendDlgItemMessage(dlg, 1010, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(sheet));
+    CheckRadioButton(dlg, 1005, 1007, 1005);
+    SendDlgItemMessage(dlg, 1015, PBM_SETPOS, 40, 0);
+    return 1;
+  }
+  if (msg == WM_COMMAND && LOWORD(wparam) == IDOK) {
+    auto* v = static_cast<SampleValues*>(GetProp(dlg, "values"));
+    v->name = GetDlgItemText(dlg, 1001);
+    v->count = GetDlgItemText(dlg, 1003);
+    v->colour = ComboText(dlg, 1002);
+    for (int id = 1005; id <= 1007; ++id)
+      if (IsDlgButtonChecked(dlg, id)) v->size = id;
+    v->print = IsDlgButtonChecked(dlg, 1008) == BST_CHECKED;
+    EndDialog(dlg, IDOK);
+    return 1;
+  }
+  return 0;
+}
+
+TEST_F(GtkDialogTest, SampleDialogFilledInByKeyboardWithTheRealControls) {
+  QueueDialogScript(DialogScript(kSample)
+                        .Type("Ada")     // the name has focus first
+                        .Key(VK_TAB)     // the colour
+                        .Key(VK_DOWN)    // Red -> Green
+                        .Key(VK_TAB)     // the count
+                        .Type("7")       // replaces the selected 1
+                        .Key(VK_TAB)     // the checked radio button, Small
+                        .Key(VK_DOWN)    // Medium
+                        .Key(VK_DOWN)    // Large
+                        .Key(VK_TAB)     // Print a copy
+                        .Key(VK_SPACE)   // checked
+                        .Key(VK_RETURN));  // OK
+  SampleValues v;
+  EXPECT_EQ(DialogBoxParam(kSample, nullptr, SampleDialogProc, reinterpret_cast<LPARAM>(&v)), IDOK)
+      << ::testing::PrintToString(DialogScriptLog());
+  EXPECT_EQ(v.name, "Ada");
+  EXPECT_EQ(v.colour, "Green");
+  EXPECT_EQ(v.count, "7");
+  EXPECT_EQ(v.size, 1007);
+  EXPECT_TRUE(v.print);
+}
+
+TEST_F(GtkDialogTest, SampleDialogEscapeCancels) {
+  QueueDialogScript(DialogScript(kSample).Type("gone").Key(VK_ESCAPE));
+  SampleValues v;
+  EXPECT_EQ(DialogBoxParam(kSample, nullptr, SampleDialogProc, reinterpret_cast<LPARAM>(&v)), IDCANCEL);
+  EXPECT_EQ(v.name, "");
+}
+
+// The whole road of a person's keys: X events into GTK, the back end, the window system's
+// dialog manager and the edit control.
+TEST_F(GtkDialogTest, KeysTypedIntoTheGtkWindowReachTheDialogsControls) {
+  SampleValues v;
+  HWND dlg = CreateDialogParam(kSample, nullptr, SampleDialogProc, reinterpret_cast<LPARAM>(&v));
+  ASSERT_NE(dlg, nullptr);
+  ShowWindow(dlg, 5 /* SW_SHOW */);
+  GtkWidget* native = nullptr;
+  ASSERT_TRUE(PumpUntil([&] {
+    PumpMessages(0);
+    GList* all = gtk_window_list_toplevels();
+    for (GList* l = all; l; l = l->next)
+      if (g_strcmp0(gtk_window_get_title(GTK_WINDOW(l->data)), "Sample dialog") == 0 &&
+          gtk_widget_get_mapped(GTK_WIDGET(l->data)))
+        native = GTK_WIDGET(l->data);
+    g_list_free(all);
+    return native != nullptr;
+  }));
+  SetFocus(GetDlgItem(dlg, 1001));
+  for (guint key : {GDK_KEY_A, GDK_KEY_d, GDK_KEY_a}) {
+    PutKey(native, true, key, key == GDK_KEY_A ? GDK_SHIFT_MASK : 0);
+    PutKey(native, false, key, key == GDK_KEY_A ? GDK_SHIFT_MASK : 0);
+  }
+  PutKey(native, true, GDK_KEY_Tab);  // the dialog manager moves on to the colour
+  PutKey(native, false, GDK_KEY_Tab);
+  PutKey(native, true, GDK_KEY_Down);
+  PutKey(native, false, GDK_KEY_Down);
+  EXPECT_TRUE(PumpUntil([&] {
+    PumpMessages(0);
+    return GetDlgItemText(dlg, 1001) == "Ada" && ComboText(dlg, 1002) == "Green";
+  })) << "name \"" << GetDlgItemText(dlg, 1001) << "\", colour \"" << ComboText(dlg, 1002) << "\"";
+  DestroyWindow(dlg);
 }
 
 TEST_F(GtkDialogTest, EscapeCancelsABareDialog) {
@@ -226,19 +327,19 @@ TEST_F(GtkDialogTest, AHostGtkWindowKeepsPaintingWhileOurDialogIsUp) {
   gtk_widget_destroy(host);
 }
 
-// The real X window of a modeless order form, pixel by pixel against the window system's
+// The real X window of the modeless sample dialog, pixel by pixel against the window system's
 // own picture of it.
 TEST_F(GtkDialogTest, TheScreenShowsTheDialogAsTheWindowSystemPaintedIt) {
-  Outcome out;
-  HWND dlg = CreateDialogParam(kOrder, nullptr, SampleProc, reinterpret_cast<LPARAM>(&out));
+  SampleValues v;
+  HWND dlg = CreateDialogParam(kSample, nullptr, SampleDialogProc, reinterpret_cast<LPARAM>(&v));
   ASSERT_NE(dlg, nullptr);
+  SetDlgItemText(dlg, 1001, "Grace Hopper");
   ShowWindow(dlg, 5 /* SW_SHOW */);
-  SetDlgItemText(dlg, kName, "Grace Hopper");
   Rect r;
   ASSERT_TRUE(GetWindowRect(dlg, &r));
   auto painted = RenderWindow(dlg);
   ASSERT_NE(painted, nullptr);
-  const std::string shot_path = ShotPath("ui_gtk_order_form.png");
+  const std::string shot_path = ShotPath("ui_gtk_sample_dialog.png");
   auto differing = [&] {
     GdkPixbuf* shot = Screenshot(r.left, r.top, r.Width(), r.Height());
     int count = 0;
@@ -263,7 +364,7 @@ TEST_F(GtkDialogTest, TheScreenShowsTheDialogAsTheWindowSystemPaintedIt) {
     Drain();
     return (last = differing()) == 0;
   })) << last << " pixels differ; the screen is in " << shot_path;
-  painted->WritePng(ShotPath("ui_gtk_order_form_painted.png"));
+  painted->WritePng(ShotPath("ui_gtk_sample_dialog_painted.png"));
   DestroyWindow(dlg);
 }
 

@@ -6,6 +6,7 @@
 #include <gtk/gtk.h>
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -132,10 +133,11 @@ inline unsigned PixelAt(GdkPixbuf* shot, int x, int y) {
   return (unsigned(p[0]) << 16) | (unsigned(p[1]) << 8) | p[2];
 }
 
-// Where failing or inspected pictures go: the build folder's ui_gtk output.
+// Where the pictures a person looks at go: the build's test folder under CTest, else the
+// temporary folder (never the source tree a test may be started from).
 inline std::string ShotPath(const std::string& name) {
   const char* dir = getenv("QMK_TEST_OUTPUT_DIR");
-  return std::string(dir ? dir : ".") + "/" + name;
+  return (dir ? std::filesystem::path(dir) : std::filesystem::temp_directory_path()) / name;
 }
 
 }  // namespace qmk::testing

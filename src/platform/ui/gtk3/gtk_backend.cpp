@@ -213,16 +213,19 @@ void GtkBackend::SetPointerGrab(HWND top, bool grab) {
 }
 
 bool GtkBackend::PumpEvents(int timeout_ms) {
-  unsigned long before = delivered_;
-  // What is ready first, without waiting; the wait only when nothing was.
-  while (g_main_context_iteration(nullptr, FALSE)) {
+  const unsigned long before = delivered_;
+  auto took = [&] { return delivered_ != before; };
+  // One native event at a time: the window system aims a key at the focus window it has when
+  // the key arrives, so a Tab must be dispatched (and move the focus) before the next key is
+  // taken in. GDK hands out one event per iteration.
+  while (!took() && g_main_context_iteration(nullptr, FALSE)) {
   }
-  if (delivered_ == before && timeout_ms != 0) {
+  if (!took() && timeout_ms != 0) {
     Iterate(timeout_ms);
-    while (g_main_context_iteration(nullptr, FALSE)) {
+    while (!took() && g_main_context_iteration(nullptr, FALSE)) {
     }
   }
-  return delivered_ != before;
+  return took();
 }
 
 void GtkBackend::Wake() { gtk3::Wake(); }
