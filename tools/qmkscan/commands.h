@@ -36,5 +36,6 @@ int RunZone(Args& args);
 int RunMarkup(Args& args);
 int RunThemeSheet(Args& args);
 int RunGrid(Args& args);
+int RunUiDemo(Args& args);
 
 }  // namespace qmkscan

@@ -47,6 +47,8 @@ constexpr Command kCommands[] = {
     {"theme-sheet", "--theme ID --png FILE | --list",
      "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
     {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
+    {"ui-demo", "[--png FILE]",
+     "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -1,0 +1,98 @@
+// picture_compare.cpp: comparison of rendered pictures with the references in tests/ui/reference.
+#include "ui/picture_compare.h"
+
+#include <cairo.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+
+namespace qmk::testing {
+
+using platform::DeviceImage;
+using platform::DrawTarget;
+using platform::kRopSourceCopy;
+using platform::PixelView;
+namespace fs = std::filesystem;
+
+fs::path ReferenceDir() {
+  if (const char* src = std::getenv("QMK_TEST_SOURCE_DIR")) return fs::path(src) / "tests/ui/reference";
+  return fs::path(QMK_SOURCE_DIR) / "tests/ui/reference";
+}
+
+fs::path PictureOutputDir() {
+  char exe[PATH_MAX] = {};
+  const ssize_t n = readlink("/proc/self/exe", exe, sizeof exe - 1);
+  fs::path dir = n > 0 ? fs::path(std::string(exe, static_cast<size_t>(n))).parent_path()
+                       : fs::temp_directory_path();
+  dir /= "ui-pictures";
+  fs::create_directories(dir);
+  return dir;
+}
+
+// Reads a PNG into a drawing target through cairo; null when it cannot be read.
+std::unique_ptr<DrawTarget> LoadPng(const std::string& path) {
+  cairo_surface_t* s = cairo_image_surface_create_from_png(path.c_str());
+  if (cairo_surface_status(s) != CAIRO_STATUS_SUCCESS) {
+    cairo_surface_destroy(s);
+    return nullptr;
+  }
+  cairo_surface_flush(s);
+  PixelView view;
+  view.top_row = cairo_image_surface_get_data(s);
+  view.width = cairo_image_surface_get_width(s);
+  view.height = cairo_image_surface_get_height(s);
+  view.stride = cairo_image_surface_get_stride(s);
+  view.premultiplied = true;
+  auto image = DeviceImage::Create(view);
+  auto target = std::make_unique<DrawTarget>(view.width, view.height);
+  if (image)
+    target->Blit(*image, {0, 0, view.width, view.height}, {0, 0, view.width, view.height},
+                 kRopSourceCopy);
+  cairo_surface_destroy(s);
+  return image ? std::move(target) : nullptr;
+}
+
+static int Channel(uint32_t c, int shift) { return static_cast<int>((c >> shift) & 0xFF); }
+
+// Compares within a tolerance: a pixel differs when a channel is off by more than 24, and up to
+// one pixel in five hundred may differ (anti-aliased text edges of another font build).
+::testing::AssertionResult MatchesReference(const DrawTarget& actual, const std::string& name) {
+  const fs::path ref_path = ReferenceDir() / (name + ".png");
+  const fs::path out = PictureOutputDir();
+  if (std::getenv("QMK_UPDATE_REFERENCE")) actual.WritePng(ref_path.string());
+  auto reference = LoadPng(ref_path.string());
+  if (!reference) {
+    actual.WritePng((out / (name + ".actual.png")).string());
+    return ::testing::AssertionFailure() << "no reference picture " << ref_path
+                                         << "; the actual one is in " << out;
+  }
+  if (reference->width() != actual.width() || reference->height() != actual.height()) {
+    actual.WritePng((out / (name + ".actual.png")).string());
+    return ::testing::AssertionFailure()
+           << "size " << actual.width() << "x" << actual.height() << ", reference "
+           << reference->width() << "x" << reference->height() << "; see " << out;
+  }
+  DrawTarget diff(actual.width(), actual.height());
+  long differing = 0;
+  for (int y = 0; y < actual.height(); ++y)
+    for (int x = 0; x < actual.width(); ++x) {
+      const uint32_t a = actual.GetPixel(x, y), r = reference->GetPixel(x, y);
+      int worst = 0;
+      for (int s : {0, 8, 16}) worst = std::max(worst, std::abs(Channel(a, s) - Channel(r, s)));
+      const bool off = worst > 24;
+      differing += off;
+      diff.FillRect({x, y, x + 1, y + 1}, off ? 0xFF0000FFu : 0xFFFFFFFFu);
+    }
+  const long allowed = static_cast<long>(actual.width()) * actual.height() / 500;
+  if (differing > allowed) {
+    actual.WritePng((out / (name + ".actual.png")).string());
+    diff.WritePng((out / (name + ".diff.png")).string());
+    return ::testing::AssertionFailure() << differing << " pixels differ (" << allowed
+                                         << " allowed); actual and difference pictures in " << out;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+}  // namespace qmk::testing
