@@ -328,6 +328,11 @@ QMK_API int ScnSetOperator(const ScnOperator* op);
  * next paints; may be called at any time. */
 QMK_API void ScnSetPaintManager(int theme_id);
 
+/* Makes the library's dialogs transient for a host's GTK window (a GtkWindow*; null ends it),
+ * so they stay above it and are centred on it. Returns 1 when the GTK back end took the window,
+ * 0 when the library runs without a display (headless) or gtk_window is not a GtkWindow. */
+QMK_API int ScnSetParentGtkWindow(void* gtk_window);
+
 /* Forwarders to the recognition library. */
 QMK_API void ScnShowOptionalComponents(void);
 QMK_API int ScnOptionalComponentCount(void);

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "frame/module_state_guard.h"
+#include "support/scoped_env.h"
 #include "support/sim_fixture.h"
 
 namespace qmk::testing {
@@ -57,6 +58,10 @@ TEST_F(SessionTest, ExportsRestoreTheCallersStateOnSuccessAndFailure) {
          std::strcpy(record.autoNameTemplate, "SCAN*S.DAT");
          char out[QMK_NAME_BYTES];
          ScnMakeAutoName(nullptr, "", out, &record, 0);
+       }, 1},
+      {"GTK parent, headless", [] {
+         ScopedEnv ui("QMK_UI", "headless");
+         EXPECT_EQ(ScnSetParentGtkWindow(nullptr), 0);
        }, 1},
       {"theme", [] { ScnSetPaintManager(29765); ScnSetPaintManager(0); }, 2},
       // Plain table work and record filling enter nothing.

@@ -117,4 +117,9 @@ std::string ChooseBackendName(const char* qmk_ui, const char* display, const cha
 // Where the loader looked and what it found, for traces and tests.
 std::vector<std::string> ModuleSearchPath();
 
+// Makes the library's top-level windows without an owner transient for a host's `GtkWindow*`
+// (null ends it). Starts the back end if it isn't yet. True when the GTK back end took the
+// window; false on the headless back end or for an object that is not a GtkWindow.
+bool SetHostGtkParentWindow(void* gtk_window);
+
 }  // namespace qmk::platform::ui

@@ -20,6 +20,15 @@ std::unique_ptr<Backend>& Current() {
   return backend;
 }
 
+// The loaded GTK module, for its entry points beside the back end's own.
+void*& ModuleHandle() {
+  static void* handle = nullptr;
+  return handle;
+}
+
+// The module's call that makes our windows transient for a host's GtkWindow.
+constexpr const char* kSetParentSymbol = "qmk_ui_gtk3_set_parent_window";
+
 // The folder of the binary that holds this code: the library, or a program linked statically.
 std::string OwnFolder() {
   Dl_info info{};
@@ -53,6 +62,7 @@ std::unique_ptr<Backend> LoadModule(const std::string& path) {
   }
   std::unique_ptr<Backend> backend(create(kBackendAbiVersion));
   if (!backend) Trace("ui: %s refused interface version %d", path.c_str(), kBackendAbiVersion);
+  else ModuleHandle() = handle;
   return backend;
 }
 
@@ -65,6 +75,7 @@ std::unique_ptr<Backend> StartChosen() {
       Trace("ui: QMK_UI=gtk3 but %s is not found; using headless", kModuleFile);
     } else if (auto backend = LoadModule(module)) {
       if (backend->Start(&Host())) return backend;
+      ModuleHandle() = nullptr;
       Trace("ui: the gtk3 back end cannot start (no display?); using headless");
     }
   }
@@ -117,6 +128,14 @@ bool InstallBackend(Backend* backend) {
   if (Current()) Current()->Stop();
   Current() = std::move(owned);
   return true;
+}
+
+bool SetHostGtkParentWindow(void* gtk_window) {
+  TheBackend();
+  if (!ModuleHandle()) return false;
+  using SetParentFn = int (*)(void*);
+  auto set_parent = reinterpret_cast<SetParentFn>(dlsym(ModuleHandle(), kSetParentSymbol));
+  return set_parent && set_parent(gtk_window) != 0;
 }
 
 }  // namespace qmk::platform::ui
