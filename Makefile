@@ -7,6 +7,10 @@ FUZZ_BUILD  ?= build-fuzz
 JOBS        ?= $(shell nproc)
 FUZZ_SECONDS ?= 15
 CMAKE_FLAGS ?=
+# ccache keys objects by paths relative to the tree, so a fresh clone elsewhere (CI) reuses the
+# objects of earlier builds on the same machine; debug info then names the first clone's folder.
+export CCACHE_BASEDIR ?= $(CURDIR)
+export CCACHE_NOHASHDIR ?= 1
 
 .PHONY: all deps build demo test test-plain test-asan fuzz bench clean
 
