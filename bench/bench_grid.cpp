@@ -226,3 +226,4 @@ BENCHMARK(BM_SparseRemoveBand)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_PlainRemoveBand)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_SparseRangeSet)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SparseSortRows)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK_MAIN();

@@ -362,3 +362,29 @@ TEST(MemoryProvider, ArchiveByteForByteDefaultsFirst) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(SparseProvider, CellPositionsFollowMovesOnceAsked) {
+  CExtGridDataProviderSparse p;
+  p.ColumnInsert(0, 10);
+  p.RowInsert(0, 10);
+  CExtGridCell* a = p.CellGet(2, 3, &CExtGridCellVariant::kClass);
+  CExtGridCell* b = p.CellGet(5, 5, &CExtGridCellVariant::kClass);
+  int c = -1, r = -1;
+  ASSERT_TRUE(p.CellPositionGet(a, c, r));
+  EXPECT_EQ(std::make_pair(c, r), std::make_pair(2, 3));
+  p.ColumnInsert(0, 2);
+  p.RowRemove(0, 1);
+  ASSERT_TRUE(p.CellPositionGet(b, c, r));
+  EXPECT_EQ(std::make_pair(c, r), std::make_pair(7, 4));
+  CExtGridCell* fresh = p.CellGet(0, 0, &CExtGridCellVariant::kClass);
+  ASSERT_TRUE(p.CellPositionGet(fresh, c, r));
+  EXPECT_EQ(std::make_pair(c, r), std::make_pair(0, 0));
+  p.CellRangeSet(4, 2, 1, 1, nullptr);  // frees a, now at (4, 2)
+  EXPECT_FALSE(p.CellPositionGet(a, c, r));
+  CExtGridCellVariant outsider;
+  EXPECT_FALSE(p.CellPositionGet(&outsider, c, r));
+}
+
+}  // namespace

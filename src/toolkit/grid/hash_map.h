@@ -210,10 +210,16 @@ class CExtHashMapT {
     return x ^ (x >> 33);
   }
 
+  // The home slot of a key: the mixed hash scaled to the table's size, which need not be a power
+  // of two, so the table grows by half and stays fuller than a doubling one.
+  size_t Home(const KEY& key) const {
+    return static_cast<size_t>((static_cast<unsigned __int128>(Mix(key)) * index_.size()) >> 64);
+  }
+  size_t NextSlot(size_t i) const { return i + 1 == index_.size() ? 0 : i + 1; }
+
   uint32_t Find(const KEY& key) const {
     if (index_.empty()) return kNone;
-    const size_t mask = index_.size() - 1;
-    for (size_t i = Mix(key) & mask;; i = (i + 1) & mask) {
+    for (size_t i = Home(key);; i = NextSlot(i)) {
       const uint32_t slot = index_[i];
       if (slot == 0) return kNone;
       if (NodeAt(slot - 1).key == key) return slot - 1;
@@ -221,10 +227,9 @@ class CExtHashMapT {
   }
 
   void IndexInsert(uint32_t n) {
-    if ((used_ + 1) * 8 > index_.size() * 7) GrowIndex();
-    const size_t mask = index_.size() - 1;
-    size_t i = Mix(NodeAt(n).key) & mask;
-    while (index_[i] != 0) i = (i + 1) & mask;
+    if ((used_ + 1) * 4 > index_.size() * 3) GrowIndex();
+    size_t i = Home(NodeAt(n).key);
+    while (index_[i] != 0) i = NextSlot(i);
     index_[i] = n + 1;
     ++used_;
   }
@@ -232,7 +237,7 @@ class CExtHashMapT {
   void GrowIndex() {
     std::vector<uint32_t> old;
     old.swap(index_);
-    index_.assign(old.empty() ? 16 : old.size() * 2, 0);
+    index_.assign(old.empty() ? 16 : old.size() + old.size() / 2, 0);
     used_ = 0;
     for (uint32_t slot : old)
       if (slot != 0) IndexInsert(slot - 1);
@@ -240,11 +245,10 @@ class CExtHashMapT {
 
   // Removal with backward shifting, so that no tombstones pile up.
   void IndexErase(uint32_t n) {
-    const size_t mask = index_.size() - 1;
-    size_t i = Mix(NodeAt(n).key) & mask;
-    while (index_[i] != n + 1) i = (i + 1) & mask;
-    for (size_t j = (i + 1) & mask; index_[j] != 0; j = (j + 1) & mask) {
-      const size_t home = Mix(NodeAt(index_[j] - 1).key) & mask;
+    size_t i = Home(NodeAt(n).key);
+    while (index_[i] != n + 1) i = NextSlot(i);
+    for (size_t j = NextSlot(i); index_[j] != 0; j = NextSlot(j)) {
+      const size_t home = Home(NodeAt(index_[j] - 1).key);
       // Move j back to the hole at i when its home does not lie cyclically in (i, j].
       const bool between = i <= j ? (home > i && home <= j) : (home > i || home <= j);
       if (!between) {

@@ -47,12 +47,12 @@ CExtGridCell* CExtGridDataProviderSparse::Stored(int64_t key) const {
 
 void CExtGridDataProviderSparse::Store(int64_t key, CExtGridCell* cell) {
   m_mapCells.SetAt(key, cell);
-  m_mapPositions.SetAt(cell, key);
+  if (m_bPositionsKept) m_mapPositions.SetAt(cell, key);
 }
 
 void CExtGridDataProviderSparse::Drop(int64_t key, CExtGridCell* cell) {
   m_mapCells.RemoveKey(key);
-  m_mapPositions.RemoveKey(cell);
+  if (m_bPositionsKept) m_mapPositions.RemoveKey(cell);
   DestroyCell(cell, m_pAlloc);
 }
 
@@ -186,7 +186,7 @@ bool CExtGridDataProviderSparse::CellRangeSet(int column, int row, int columns, 
       CExtGridCell* copy = cell->Clone(m_pAlloc);
       if (!copy) break;
       copy->SetOwner(this);
-      m_mapPositions.RemoveKey(stored);
+      if (m_bPositionsKept) m_mapPositions.RemoveKey(stored);
       DestroyCell(stored, m_pAlloc);
       Store(key, copy);
     }
@@ -247,6 +247,17 @@ bool CExtGridDataProviderSparse::ForEachCell(const CExtGridRangeSet& set, CellVi
 }
 
 bool CExtGridDataProviderSparse::CellPositionGet(const CExtGridCell* cell, int& column, int& row) const {
+  if (!m_bPositionsKept) {
+    // The first question about a position builds the map from cell to position; from then on
+    // every change keeps it.
+    for (POSITION p = m_mapCells.GetStartPosition(); p;) {
+      int64_t stored;
+      CExtGridCell* each;
+      m_mapCells.GetNextAssoc(p, stored, each);
+      m_mapPositions.SetAt(each, stored);
+    }
+    m_bPositionsKept = true;
+  }
   int64_t key = 0;
   if (!m_mapPositions.Lookup(const_cast<CExtGridCell*>(cell), key)) return false;
   column = IndexOf(key, true);

@@ -74,7 +74,10 @@ class CExtGridDataProviderSparse : public CExtGridDataProviderBL {
   int m_nColCount = 0;
   int m_nRowCount = 0;
   PositionMap m_mapCells;
-  CellMap m_mapPositions;
+  // Built on the first CellPositionGet: a store that is never asked a cell's position does not
+  // pay for a second entry per cell.
+  mutable CellMap m_mapPositions;
+  mutable bool m_bPositionsKept = false;
 };
 
 }  // namespace qmk::toolkit::grid
