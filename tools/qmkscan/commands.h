@@ -46,5 +46,6 @@ int RunFormula(Args& args);
 int RunAutoName(Args& args);
 int RunSettings(Args& args);
 int RunGrid(Args& args);
+int RunSheet(Args& args);
 
 }  // namespace qmkscan

@@ -186,7 +186,7 @@ int Evaluator::Range() {
   const std::string a = Upper(alphabet, first->m_strText), b = Upper(alphabet, second->m_strText);
   bool bad1 = false, bad2 = false;
   const CellRect rect = alphabet.ParseRange(a.c_str(), b.c_str(), bad1, bad2, &manager_);
-  if (bad1 || bad2 || rect.left < 0) return Fail(errorItem_, &node_, kErrUnknownIdentifier);
+  if (bad1 || bad2) return Fail(errorItem_, &node_, kErrUnknownIdentifier);
   value_.SetRange(CExtGridRangeSet(rect));
   return 0;
 }

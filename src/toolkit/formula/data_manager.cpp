@@ -173,10 +173,9 @@ void CExtFormulaDataManager::SetCircularError(CExtFormulaGridCell& cell, CellPos
                               " and " + m_alphabet.FormatCell(second.column, second.row));
 }
 
-std::vector<CellPos> CExtFormulaDataManager::SetCellText(int column, int row, const std::string& given) {
-  std::vector<CellPos> recomputed;
+bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string& given) {
   CExtFormulaGridCell* cell = GetCell(column, row, true);
-  if (cell == nullptr) return recomputed;
+  if (cell == nullptr) return false;
   const int64_t key = PositionKey(column, row);
   const std::string text = TrimLeft(given);
   if (text.empty() || text[0] != '=') {
@@ -190,29 +189,32 @@ std::vector<CellPos> CExtFormulaDataManager::SetCellText(int column, int row, co
       cell->m_value = number;
     else
       cell->m_value = Variant::Str(given);
-  } else {
-    cell->m_strFormula = given;
-    cell->ResetCompiled();
-    // A formula typed without its closing parenthesis is taken with one added.
-    if (!Compile(*cell)) {
-      const std::string amended = given + ")";
-      cell->m_strFormula = amended;
-      if (!Compile(*cell)) cell->m_strFormula = given;
-    }
-    RegisterFormula(key, *cell);
-    FormulaContext context;
-    context.insert(key);
-    CExtFormulaValue value;
-    const CExtFormulaItem* errorItem = nullptr;
-    cell->m_nErrorCode = -1;  // so that a clean result clears an earlier message
-    SetError(*cell, 0);
-    if (ComputeCell(context, column, row, value, errorItem)) {
-      cell->m_value = value.m_value;
-      cell->m_bEmpty = value.m_bEmpty;
-    }
-    return Recompute(context, column, row, false);
+    return false;
   }
+  cell->m_strFormula = given;
+  cell->ResetCompiled();
+  // A formula typed without its closing parenthesis is taken with one added.
+  if (!Compile(*cell)) {
+    cell->m_strFormula = given + ")";
+    if (!Compile(*cell)) cell->m_strFormula = given;
+  }
+  RegisterFormula(key, *cell);
+  return true;
+}
+
+std::vector<CellPos> CExtFormulaDataManager::SetCellText(int column, int row, const std::string& given) {
   FormulaContext context;
+  if (!PutCellText(column, row, given)) return Recompute(context, column, row, false);
+  CExtFormulaGridCell* cell = GetCell(column, row);
+  context.insert(PositionKey(column, row));
+  CExtFormulaValue value;
+  const CExtFormulaItem* errorItem = nullptr;
+  cell->m_nErrorCode = -1;  // so that a clean result clears an earlier message
+  SetError(*cell, 0);
+  if (ComputeCell(context, column, row, value, errorItem)) {
+    cell->m_value = value.m_value;
+    cell->m_bEmpty = value.m_bEmpty;
+  }
   return Recompute(context, column, row, false);
 }
 

@@ -83,6 +83,9 @@ class CExtFormulaDataManager : public FormulaManager {
   // computed and its dependents recomputed; other text is a plain value. Returns the positions
   // recomputed after the cell itself, in order.
   std::vector<CellPos> SetCellText(int column, int row, const std::string& text);
+  // Stores a text as SetCellText does, without computing anything: for loading many cells
+  // before one RecomputeAll. True when the text is a formula.
+  bool PutCellText(int column, int row, const std::string& text);
   // Covers `columns` by `rows` cells from (column, row) with one cell; the others are hidden.
   void SetJoin(int column, int row, int columns, int rows);
 

@@ -1,7 +1,11 @@
 // value.cpp: CExtFormulaValue and the variant conversion rule of formulas.
 #include "toolkit/formula/value.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <cstdio>
+#include <cstdlib>
 
 #include "platform/variant/change_type.h"
 
@@ -35,6 +39,33 @@ bool ConvertVariant(Variant& value, VarType type) {
   if (platform::ChangeType(converted, source, type) != platform::S_OK) return false;
   value = std::move(converted);
   return true;
+}
+
+std::string ScalarText(const Variant& value) {
+  switch (value.Type()) {
+    case platform::VT_BSTR: return "\"" + value.StringValue() + "\"";
+    case platform::VT_BOOL: return value.BoolValue() ? "TRUE" : "FALSE";
+    case platform::VT_EMPTY: return "";
+    default: break;
+  }
+  Variant number = value;
+  if (!ConvertVariant(number, platform::VT_R8)) return "";
+  const double x = number.DoubleValue();
+  char buffer[40];
+  // The fewest digits that read back as the same double.
+  int digits = 1;
+  for (; digits < 17; ++digits) {
+    std::snprintf(buffer, sizeof buffer, "%.*g", digits, x);
+    if (std::strtod(buffer, nullptr) == x || !std::isfinite(x)) break;
+  }
+  std::snprintf(buffer, sizeof buffer, "%.*g", digits, x);
+  const double magnitude = std::fabs(x);
+  // Plain positional digits where they stay short: 1000, not 1e+03.
+  if (std::strchr(buffer, 'e') != nullptr && magnitude >= 1e-5 && magnitude < 1e17) {
+    const int decimals = std::max(0, digits - 1 - static_cast<int>(std::floor(std::log10(magnitude))));
+    std::snprintf(buffer, sizeof buffer, "%.*f", decimals, x);
+  }
+  return buffer;
 }
 
 bool CExtFormulaValue::NormalizeDate() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <unordered_set>
 
 #include "platform/variant/variant.h"
@@ -23,6 +24,10 @@ inline CellPos KeyPosition(int64_t key) {
 // returns, line feeds and tabs reads as the integer 0 for any numeric or date target. False,
 // with `value` unchanged, when there is no such conversion.
 bool ConvertVariant(platform::Variant& value, platform::VarType type);
+
+// A scalar as the command-line host prints it: a number in its shortest exact form, a text in
+// double quotes, TRUE or FALSE.
+std::string ScalarText(const platform::Variant& value);
 
 class CExtFormulaValue {
  public:
