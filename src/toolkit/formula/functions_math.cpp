@@ -151,8 +151,12 @@ int RandBetween(double x, double y, double& r) {
     r = low;
     return 0;
   }
-  long long n = static_cast<long long>(high - low);
-  if (n < 1) n = 1;
+  const double span = high - low;
+  // The span is cast to an integer; one beyond its range (or no number at all) is held at
+  // the limits instead of being undefined.
+  long long n = 1;
+  if (span >= 9.0e18) n = 9000000000000000000LL;
+  else if (span >= 1.0) n = static_cast<long long>(span);
   r = std::fmin(high, std::fmax(low, static_cast<double>(std::rand() % n) + low));
   return 0;
 }
