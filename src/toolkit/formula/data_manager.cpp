@@ -63,14 +63,16 @@ CExtFormulaFunctionSet& CExtFormulaDataManager::GetFunctionSet() {
 CExtFormulaGridCell* CExtFormulaDataManager::GetCell(int column, int row, bool create) {
   if (column < 0 || row < 0) return nullptr;
   const int64_t key = PositionKey(column, row);
-  const auto it = m_cells.find(key);
-  if (it != m_cells.end()) return &it->second;
-  return create ? &m_cells[key] : nullptr;
+  if (CExtFormulaGridCell** found = m_index.Find(key)) return *found;
+  if (!create) return nullptr;
+  CExtFormulaGridCell* cell = &m_cells[key];
+  m_index.Insert(key, cell);
+  return cell;
 }
 
 const CExtFormulaGridCell* CExtFormulaDataManager::FindCell(int column, int row) const {
-  const auto it = m_cells.find(PositionKey(column, row));
-  return it == m_cells.end() ? nullptr : &it->second;
+  const CExtFormulaGridCell* const* found = m_index.Find(PositionKey(column, row));
+  return found == nullptr ? nullptr : *found;
 }
 
 bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, int row, CExtFormulaValue& value,
@@ -85,7 +87,7 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   const int64_t key = PositionKey(column, row);
   // A stored value is current unless the running pass still has to compute the cell; outside
   // a pass every formula is computed where it is read.
-  const bool stale = m_pPending == nullptr || m_pPending->count(key) != 0;
+  const bool stale = m_pPending == nullptr || m_pPending->Contains(key);
   if (!cell->IsFormula() || context.count(key) != 0 || !stale) {
     value.m_nKind = CExtFormulaValue::kScalar;
     value.m_value = cell->m_value;
@@ -246,7 +248,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
     blocks += ((static_cast<long long>(rect.right) >> kBlockColumnShift) - (rect.left >> kBlockColumnShift) + 1) *
               ((static_cast<long long>(rect.bottom) >> kBlockRowShift) - (rect.top >> kBlockRowShift) + 1);
   const bool wide = blocks > kMaxBlocksPerReader;
-  m_formulaCells[key] = wide;
+  m_formulaCells.Insert(key, wide ? 2 : 1);
   if (wide) {
     m_wideReaders.push_back(key);
     return;
@@ -260,13 +262,13 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
 }
 
 void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
-  const auto it = m_formulaCells.find(key);
-  if (it == m_formulaCells.end()) return;
-  if (it->second) {
+  const uint8_t* registered = m_formulaCells.Find(key);
+  if (registered == nullptr) return;
+  if (*registered == 2) {
     m_wideReaders.erase(std::remove(m_wideReaders.begin(), m_wideReaders.end(), key), m_wideReaders.end());
   } else {
     // The cached dependency set names exactly the blocks the cell was entered in.
-    CExtFormulaGridCell& cell = m_cells[key];
+    const CExtFormulaGridCell& cell = *GetCell(KeyPosition(key).column, KeyPosition(key).row);
     for (const CellRect& rect : cell.m_deps.Rects())
       for (int by = rect.top >> kBlockRowShift; by <= rect.bottom >> kBlockRowShift; ++by)
         for (int bx = rect.left >> kBlockColumnShift; bx <= rect.right >> kBlockColumnShift; ++bx) {
@@ -277,14 +279,13 @@ void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
           if (readers.empty()) m_blockReaders.erase(block);
         }
   }
-  m_formulaCells.erase(it);
+  m_formulaCells.Erase(key);
 }
 
 void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<int64_t>& out) {
   out.clear();
   auto consider = [&](int64_t reader) {
-    CExtFormulaGridCell& cell = m_cells[reader];
-    if (cell.m_deps.Contains(column, row)) out.push_back(reader);
+    if ((*m_index.Find(reader))->m_deps.Contains(column, row)) out.push_back(reader);
   };
   const auto block = m_blockReaders.find(BlockKey(column, row));
   if (block != m_blockReaders.end())
@@ -298,8 +299,8 @@ void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<i
 void CExtFormulaDataManager::CollectDependents(int column, int row, bool includeSelf, std::vector<CellPos>& result,
                                                bool recursive, bool append) {
   if (!append) result.clear();
-  std::unordered_map<int64_t, bool> seen;
-  for (const CellPos& p : result) seen[PositionKey(p.column, p.row)] = true;
+  FlatKeySet seen;
+  for (const CellPos& p : result) seen.Insert(PositionKey(p.column, p.row), 1);
   const int64_t start = PositionKey(column, row);
   std::vector<int64_t> work{start}, direct;
   // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
@@ -309,8 +310,9 @@ void CExtFormulaDataManager::CollectDependents(int column, int row, bool include
     DirectDependents(at.column, at.row, direct);
     for (int64_t reader : direct) {
       if (reader == start && !includeSelf) continue;
-      if (seen.count(reader)) continue;
-      seen[reader] = true;
+      bool fresh = false;
+      seen.Insert(reader, 1, &fresh);
+      if (!fresh) continue;
       result.push_back(KeyPosition(reader));
       if (recursive) work.push_back(reader);
     }
@@ -321,18 +323,18 @@ void CExtFormulaDataManager::CollectDependents(int column, int row, bool include
 void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
   result.clear();
   const int64_t key = PositionKey(column, row);
-  if (!m_formulaCells.count(key)) return;
-  const CExtGridRangeSet& deps = Dependencies(m_cells[key]);
+  if (!m_formulaCells.Contains(key)) return;
+  const CExtGridRangeSet& deps = Dependencies(**m_index.Find(key));
   ForEachExistingCell(deps, [&](int c, int r) {
-    if (m_formulaCells.count(PositionKey(c, r))) result.push_back({c, r});
+    if (m_formulaCells.Contains(PositionKey(c, r))) result.push_back({c, r});
     return true;
   });
 }
 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
   // Only the cells asked for are ordered: precedents outside them hold current values.
-  std::unordered_map<int64_t, bool> wanted, visited;
-  for (const CellPos& p : cells) wanted[PositionKey(p.column, p.row)] = true;
+  FlatKeySet wanted, visited;
+  for (const CellPos& p : cells) wanted.Insert(PositionKey(p.column, p.row), 1);
   struct Frame {
     CellPos pos;
     std::vector<CellPos> precedents;
@@ -340,8 +342,9 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
   };
   std::vector<Frame> stack;
   for (const CellPos& first : cells) {
-    if (visited.count(PositionKey(first.column, first.row))) continue;
-    visited[PositionKey(first.column, first.row)] = true;
+    bool fresh = false;
+    visited.Insert(PositionKey(first.column, first.row), 1, &fresh);
+    if (!fresh) continue;
     stack.push_back({first, {}, 0});
     CollectPrecedents(first.column, first.row, stack.back().precedents);
     while (!stack.empty()) {
@@ -353,8 +356,10 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
       }
       const CellPos p = top.precedents[top.next++];
       const int64_t key = PositionKey(p.column, p.row);
-      if (!wanted.count(key) || visited.count(key)) continue;
-      visited[key] = true;
+      if (!wanted.Contains(key)) continue;
+      bool unseen = false;
+      visited.Insert(key, 1, &unseen);
+      if (!unseen) continue;
       Frame frame{p, {}, 0};
       CollectPrecedents(p.column, p.row, frame.precedents);
       stack.push_back(std::move(frame));
@@ -390,8 +395,8 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
   std::vector<CellPos> deps, order;
   CollectDependents(column, row, true, deps, true, false);
   OrderForCompute(deps, order);
-  std::unordered_map<int64_t, bool> pending;
-  for (const CellPos& p : order) pending[PositionKey(p.column, p.row)] = true;
+  FlatKeySet pending;
+  for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
   const auto* outer = m_pPending;
   m_pPending = &pending;
   std::vector<CellPos> computed;
@@ -406,7 +411,7 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
       cell->m_value = value.m_value;
       cell->m_bEmpty = value.m_bEmpty;
     }
-    pending.erase(PositionKey(p.column, p.row));
+    pending.Erase(PositionKey(p.column, p.row));
     computed.push_back(p);
   }
   m_pPending = outer;
@@ -417,16 +422,16 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
 void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& order) {
   // Cells of a cycle read one another; a walk is needed only where some cell reads a cell that
   // does not come before it in the order, or reads itself.
-  std::unordered_map<int64_t, size_t> index;
-  for (size_t i = 0; i < order.size(); ++i) index[PositionKey(order[i].column, order[i].row)] = i;
+  FlatKeyMap<size_t> index;
+  for (size_t i = 0; i < order.size(); ++i) index.Insert(PositionKey(order[i].column, order[i].row), i);
   std::map<int64_t, int64_t> cycles;
   std::vector<CellPos> precedents;
   for (size_t i = 0; i < order.size(); ++i) {
     CollectPrecedents(order[i].column, order[i].row, precedents);
     bool suspicious = false;
     for (const CellPos& p : precedents) {
-      const auto it = index.find(PositionKey(p.column, p.row));
-      if (it != index.end() && it->second >= i) suspicious = true;
+      const size_t* at = index.Find(PositionKey(p.column, p.row));
+      if (at != nullptr && *at >= i) suspicious = true;
     }
     if (suspicious) FindCycles(order[i].column, order[i].row, cycles);
   }
@@ -438,11 +443,11 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& order) {
 
 void CExtFormulaDataManager::RecomputeAll() {
   std::vector<CellPos> all, order;
-  for (const auto& [key, wide] : m_formulaCells) all.push_back(KeyPosition(key));
+  m_formulaCells.ForEach([&](int64_t key, uint8_t) { all.push_back(KeyPosition(key)); });
   std::sort(all.begin(), all.end(), PositionLess);
   OrderForCompute(all, order);
-  std::unordered_map<int64_t, bool> pending;
-  for (const CellPos& p : order) pending[PositionKey(p.column, p.row)] = true;
+  FlatKeySet pending;
+  for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
   const auto* outer = m_pPending;
   m_pPending = &pending;
   FormulaContext context;
@@ -455,7 +460,7 @@ void CExtFormulaDataManager::RecomputeAll() {
       cell->m_value = value.m_value;
       cell->m_bEmpty = value.m_bEmpty;
     }
-    pending.erase(PositionKey(p.column, p.row));
+    pending.Erase(PositionKey(p.column, p.row));
   }
   m_pPending = outer;
   MarkCycles(order);
@@ -486,11 +491,12 @@ size_t CExtFormulaDataManager::RemoveAllNamedRanges() {
 void CExtFormulaDataManager::RefreshAllDependencies() {
   // A name read by a formula changes what the formula depends on.
   std::vector<int64_t> keys;
-  for (const auto& [key, wide] : m_formulaCells) keys.push_back(key);
+  m_formulaCells.ForEach([&](int64_t key, uint8_t) { keys.push_back(key); });
   for (int64_t key : keys) {
     UnregisterFormula(key);
-    m_cells[key].m_bDepsKnown = false;
-    RegisterFormula(key, m_cells[key]);
+    CExtFormulaGridCell& cell = **m_index.Find(key);
+    cell.m_bDepsKnown = false;
+    RegisterFormula(key, cell);
   }
 }
 

@@ -13,6 +13,7 @@
 #include "toolkit/formula/alphabet.h"
 #include "toolkit/formula/function.h"
 #include "toolkit/formula/item.h"
+#include "toolkit/formula/key_map.h"
 #include "toolkit/formula/manager.h"
 #include "toolkit/formula/scanner.h"
 #include "toolkit/formula/value.h"
@@ -143,14 +144,15 @@ class CExtFormulaDataManager : public FormulaManager {
   CExtFormulaAlphabet m_alphabet;
   CExtFormulaScanner m_scanner;
   std::unique_ptr<CExtFormulaFunctionSet> m_functions;
-  std::unordered_map<int64_t, CExtFormulaGridCell> m_cells;
+  std::unordered_map<int64_t, CExtFormulaGridCell> m_cells;  // owns the cells
+  FlatKeyMap<CExtFormulaGridCell*> m_index;                  // finds them
   std::map<std::string, CExtGridRangeSet> m_named;
   // Reverse index: for each block of cells, the formula cells whose references touch it.
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
-  std::unordered_map<int64_t, bool> m_formulaCells;  // registered; true when in m_wideReaders
+  FlatKeyMap<uint8_t> m_formulaCells;  // registered: 1, or 2 when in m_wideReaders
   // Cells waiting to be computed in the running pass; null outside a pass.
-  const std::unordered_map<int64_t, bool>* m_pPending = nullptr;
+  const FlatKeySet* m_pPending = nullptr;
   int m_nDepth = 0;
 };
 
@@ -175,7 +177,7 @@ bool CExtFormulaDataManager::ForEachExistingCell(const CExtGridRangeSet& set, Vi
     }
     for (int row = rect.top; row <= rect.bottom; ++row)
       for (int column = rect.left; column <= rect.right; ++column)
-        if (m_cells.count(PositionKey(column, row)) && !visit(column, row)) return false;
+        if (m_index.Contains(PositionKey(column, row)) && !visit(column, row)) return false;
   }
   return true;
 }

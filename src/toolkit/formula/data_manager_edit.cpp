@@ -42,6 +42,8 @@ void CExtFormulaDataManager::MoveCells(bool columns, int position, int delta) {
     moved.emplace(PositionKey(p.column, p.row), std::move(cell));
   }
   m_cells.swap(moved);
+  m_index.clear();
+  for (auto& [key, cell] : m_cells) m_index.Insert(key, &cell);
 }
 
 void CExtFormulaDataManager::ShiftAllFormulas(bool columns, int from, int delta) {

@@ -3,16 +3,24 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_set>
 
 #include "platform/variant/variant.h"
+#include "toolkit/formula/key_map.h"
 #include "toolkit/formula/range_set.h"
 
 namespace qmk::toolkit::formula {
 
 // The positions already entered during one computing pass; a cell met again reads its stored
 // value, which is what ends the recursion of a cell that depends on itself.
-using FormulaContext = std::unordered_set<int64_t>;
+class FormulaContext {
+ public:
+  void insert(int64_t key) { m_set.Insert(key, 1); }
+  size_t count(int64_t key) const { return m_set.Contains(key) ? 1 : 0; }
+  size_t size() const { return m_set.size(); }
+
+ private:
+  FlatKeySet m_set;
+};
 inline int64_t PositionKey(int column, int row) {
   return (static_cast<int64_t>(static_cast<uint32_t>(column)) << 32) | static_cast<uint32_t>(row);
 }
