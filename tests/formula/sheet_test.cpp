@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine_helpers.h"
+#include "toolkit/formula/editor_support.h"
 
 namespace qmk::toolkit::formula {
 namespace {
@@ -192,6 +193,59 @@ TEST(FormulaSheet, LongChainsNeedNoDeepRecursion) {
   const std::vector<CellPos> recomputed = sheet.SetCellText(0, 0, "2");
   EXPECT_EQ(recomputed.size(), 49999u);
   EXPECT_EQ(Shown(sheet, 0, 49999), "50001");
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::formula
+
+namespace qmk::toolkit::formula {
+namespace {
+
+struct RecordingEdit : FormulaEditSink {
+  std::string text;
+  std::vector<std::pair<std::string, int32_t>> colored;
+  void SetColor(int start, int end, int32_t color, bool, bool) override {
+    colored.push_back({text.substr(static_cast<size_t>(start), static_cast<size_t>(end - start)), color});
+  }
+  void ReplaceText(int start, int end, const std::string& with) override {
+    text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start), with);
+  }
+};
+
+TEST(FormulaEditor, HighlightCyclesThePaletteAndFixesNameCase) {
+  CExtFormulaDataManager sheet;
+  RecordingEdit edit;
+  edit.text = "=sum(A1:B2,C3,\"s\",4)+Z9";
+  CExtFormulaScanner scanner;
+  scanner.SetText(edit.text.c_str());
+  ASSERT_TRUE(scanner.Parse());
+  std::unique_ptr<CExtFormulaItem> root(scanner.DetachRoot());
+  FormulaHighlightColors colors;
+  colors.string = 0x123456;
+  HighlightInEdit(*root, sheet, colors, edit);
+  EXPECT_EQ(edit.text, "=SUM(A1:B2,C3,\"s\",4)+Z9");
+  const std::vector<std::pair<std::string, int32_t>> expected{
+      {"A1:B2", 0xff0000}, {"C3", 0x8000}, {"\"s\"", 0x123456}, {"Z9", 0xcc0099}};
+  EXPECT_EQ(edit.colored, expected);
+  EXPECT_EQ(colors.cursor, 3);
+  for (int i = 0; i < 5; ++i) colors.NextReference(root->m_nColorIndex);
+  EXPECT_EQ(root->m_nColorIndex, 0);  // the eighth reference wraps to the first colour
+}
+
+TEST(FormulaEditor, RepairTriesInItsOrder) {
+  CExtFormulaScanner scanner;
+  struct Case {
+    const char* text;
+    const char* repaired;
+  };
+  for (const Case& c : {Case{"=SUM(1,2", "=SUM(1,2)"}, Case{"=1+", "=1"}, Case{"=(1+2))", "=(1+2)"},
+                        Case{"=\"abc", "=\"abc\""}}) {
+    std::string repaired;
+    ASSERT_TRUE(RepairFormulaText(c.text, scanner, repaired)) << c.text;
+    EXPECT_EQ(repaired, c.repaired) << c.text;
+  }
+  std::string none;
+  EXPECT_FALSE(RepairFormulaText("x", scanner, none));
 }
 
 }  // namespace
