@@ -250,3 +250,27 @@ TEST(FormulaEditor, RepairTriesInItsOrder) {
 
 }  // namespace
 }  // namespace qmk::toolkit::formula
+
+namespace qmk::toolkit::formula {
+namespace {
+
+TEST(FormulaSheetRanges, WholeColumnsIntersectionsAndWideReaders) {
+  CExtFormulaDataManager sheet(10, 1000);
+  for (int row = 0; row < 5; ++row) sheet.SetCellText(0, row, std::to_string(row + 1));
+  sheet.SetCellText(1, 0, "=SUM(A:A)");
+  sheet.SetCellText(1, 1, "=SUM(A1:A5 A3:B4)");
+  sheet.SetCellText(1, 2, "=SUM(2:2)");
+  EXPECT_EQ(Shown(sheet, 1, 0), "15");
+  EXPECT_EQ(Shown(sheet, 1, 1), "7");
+  EXPECT_EQ(Shown(sheet, 1, 2), "9");  // row 2 holds A2 and the 7 of B2
+  // The whole-column reader is found through the list of wide readers.
+  const std::vector<CellPos> recomputed = sheet.SetCellText(0, 900, "100");
+  EXPECT_EQ(recomputed, (std::vector<CellPos>{{1, 0}}));
+  EXPECT_EQ(Shown(sheet, 1, 0), "115");
+  // Turning a formula back into a value takes it out of the index.
+  sheet.SetCellText(1, 0, "1");
+  EXPECT_TRUE(sheet.SetCellText(0, 900, "5").empty());
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::formula
