@@ -274,3 +274,19 @@ TEST(FormulaSheetRanges, WholeColumnsIntersectionsAndWideReaders) {
 
 }  // namespace
 }  // namespace qmk::toolkit::formula
+
+namespace qmk::toolkit::formula {
+namespace {
+
+TEST(FormulaSheetChains, AFormulaEnteredBelowALongChainReadsItsStoredValue) {
+  CExtFormulaDataManager sheet;
+  sheet.PutCellText(0, 0, "1");
+  for (int row = 1; row < 5000; ++row) sheet.PutCellText(0, row, "=A" + std::to_string(row) + "+1");
+  sheet.RecomputeAll();
+  // Reading A5000 does not walk the 5000 cells above it again.
+  sheet.SetCellText(1, 0, "=A5000*2");
+  EXPECT_EQ(Shown(sheet, 1, 0), "10000");
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::formula

@@ -85,9 +85,11 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
     return true;
   }
   const int64_t key = PositionKey(column, row);
-  // A stored value is current unless the running pass still has to compute the cell; outside
-  // a pass every formula is computed where it is read.
-  const bool stale = m_pPending == nullptr || m_pPending->Contains(key);
+  // A stored value is current unless the running pass still has to compute the cell. Outside
+  // a pass a formula is computed where it is read, unless it was computed cleanly before: its
+  // result would be the same, and a long chain must not turn into deep recursion.
+  const bool stale = m_pPending != nullptr ? m_pPending->Contains(key)
+                                           : (!cell->m_bComputed || cell->m_nErrorCode != 0);
   if (!cell->IsFormula() || context.count(key) != 0 || !stale) {
     value.m_nKind = CExtFormulaValue::kScalar;
     value.m_value = cell->m_value;
@@ -126,6 +128,7 @@ bool CExtFormulaDataManager::ComputeCell(FormulaContext& context, int column, in
     return true;
   }
   cell->m_pErrorItem = nullptr;
+  cell->m_bComputed = true;
   const int code = cell->m_tree->Compute(context, value, *this, cell->m_pErrorItem);
   errorItem = cell->m_pErrorItem;
   if (code != 0) {

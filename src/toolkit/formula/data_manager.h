@@ -34,6 +34,7 @@ class CExtFormulaGridCell {
     m_nErrorCode = 0;
     m_tree.reset();
     m_bDepsKnown = false;
+    m_bComputed = false;
   }
   // The value as the cell shows it.
   std::string DisplayText() const;
@@ -48,6 +49,7 @@ class CExtFormulaGridCell {
   // The cells the tree reads, kept while the tree lives.
   CExtGridRangeSet m_deps;
   bool m_bDepsKnown = false;
+  bool m_bComputed = false;  // the stored value is the result of the present formula
 };
 
 class CExtFormulaDataManager : public FormulaManager {
