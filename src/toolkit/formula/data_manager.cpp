@@ -335,8 +335,15 @@ void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<
 }
 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
+  OrderForCompute(cells, order, nullptr);
+}
+
+void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order,
+                                             std::vector<CellPos>* cyclic) {
   // Only the cells asked for are ordered: precedents outside them hold current values.
-  FlatKeySet wanted, visited;
+  enum : uint8_t { kOnStack = 1, kDone = 2 };
+  FlatKeySet wanted;
+  FlatKeyMap<uint8_t> state;
   for (const CellPos& p : cells) wanted.Insert(PositionKey(p.column, p.row), 1);
   struct Frame {
     CellPos pos;
@@ -344,15 +351,18 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
     size_t next = 0;
   };
   std::vector<Frame> stack;
+  auto enter = [&](CellPos p) {
+    state.Insert(PositionKey(p.column, p.row), kOnStack);
+    stack.push_back({p, {}, 0});
+    CollectPrecedents(p.column, p.row, stack.back().precedents);
+  };
   for (const CellPos& first : cells) {
-    bool fresh = false;
-    visited.Insert(PositionKey(first.column, first.row), 1, &fresh);
-    if (!fresh) continue;
-    stack.push_back({first, {}, 0});
-    CollectPrecedents(first.column, first.row, stack.back().precedents);
+    if (state.Contains(PositionKey(first.column, first.row))) continue;
+    enter(first);
     while (!stack.empty()) {
       Frame& top = stack.back();
       if (top.next == top.precedents.size()) {
+        *state.Find(PositionKey(top.pos.column, top.pos.row)) = kDone;
         order.push_back(top.pos);
         stack.pop_back();
         continue;
@@ -360,12 +370,10 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
       const CellPos p = top.precedents[top.next++];
       const int64_t key = PositionKey(p.column, p.row);
       if (!wanted.Contains(key)) continue;
-      bool unseen = false;
-      visited.Insert(key, 1, &unseen);
-      if (!unseen) continue;
-      Frame frame{p, {}, 0};
-      CollectPrecedents(p.column, p.row, frame.precedents);
-      stack.push_back(std::move(frame));
+      const uint8_t* seen = state.Find(key);
+      // A precedent still being ordered reads, through its own precedents, this very cell.
+      if (seen != nullptr && *seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
+      if (seen == nullptr) enter(p);
     }
   }
 }
@@ -395,9 +403,9 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
 }
 
 std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, int column, int row, bool includeSelf) {
-  std::vector<CellPos> deps, order;
+  std::vector<CellPos> deps, order, cyclic;
   CollectDependents(column, row, true, deps, true, false);
-  OrderForCompute(deps, order);
+  OrderForCompute(deps, order, &cyclic);
   FlatKeySet pending;
   for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
   const auto* outer = m_pPending;
@@ -418,26 +426,15 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
     computed.push_back(p);
   }
   m_pPending = outer;
-  MarkCycles(order);
+  MarkCycles(cyclic);
   return computed;
 }
 
-void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& order) {
-  // Cells of a cycle read one another; a walk is needed only where some cell reads a cell that
-  // does not come before it in the order, or reads itself.
-  FlatKeyMap<size_t> index;
-  for (size_t i = 0; i < order.size(); ++i) index.Insert(PositionKey(order[i].column, order[i].row), i);
+void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
+  // Only cells found reading a cell still being ordered can stand in a cycle; the walk that
+  // names the pairs starts from each of them.
   std::map<int64_t, int64_t> cycles;
-  std::vector<CellPos> precedents;
-  for (size_t i = 0; i < order.size(); ++i) {
-    CollectPrecedents(order[i].column, order[i].row, precedents);
-    bool suspicious = false;
-    for (const CellPos& p : precedents) {
-      const size_t* at = index.Find(PositionKey(p.column, p.row));
-      if (at != nullptr && *at >= i) suspicious = true;
-    }
-    if (suspicious) FindCycles(order[i].column, order[i].row, cycles);
-  }
+  for (const CellPos& p : cyclic) FindCycles(p.column, p.row, cycles);
   for (const auto& [first, second] : cycles) {
     CExtFormulaGridCell* cell = GetCell(KeyPosition(first).column, KeyPosition(first).row);
     if (cell != nullptr) SetCircularError(*cell, KeyPosition(first), KeyPosition(second));
@@ -445,10 +442,10 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& order) {
 }
 
 void CExtFormulaDataManager::RecomputeAll() {
-  std::vector<CellPos> all, order;
+  std::vector<CellPos> all, order, cyclic;
   m_formulaCells.ForEach([&](int64_t key, uint8_t) { all.push_back(KeyPosition(key)); });
   std::sort(all.begin(), all.end(), PositionLess);
-  OrderForCompute(all, order);
+  OrderForCompute(all, order, &cyclic);
   FlatKeySet pending;
   for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
   const auto* outer = m_pPending;
@@ -466,7 +463,7 @@ void CExtFormulaDataManager::RecomputeAll() {
     pending.Erase(PositionKey(p.column, p.row));
   }
   m_pPending = outer;
-  MarkCycles(order);
+  MarkCycles(cyclic);
 }
 
 bool CExtFormulaDataManager::SetNamedRange(const std::string& name, const CExtGridRangeSet* set) {

@@ -133,7 +133,8 @@ class CExtFormulaDataManager : public FormulaManager {
   const CExtGridRangeSet& Dependencies(CExtFormulaGridCell& cell);
   void DirectDependents(int column, int row, std::vector<int64_t>& out);
   void RebuildIndex();
-  void MarkCycles(const std::vector<CellPos>& order);
+  void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
+  void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
   void WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack, long& budget);
   bool SeriesInsert(bool columns, int position, int count);
