@@ -32,7 +32,8 @@ const char* const kCellClasses[] = {
     "CExtGridCellStringMasked", "CExtGridCellPassword", "CExtGridCellCheckBox", "CExtGridCellProgress",
     "CExtGridCellVariant", "CExtGridCellNumber", "CExtGridCellCurrency", "CExtGridCellSystemNumber",
     "CExtGridCellSystemCurrency", "CExtGridCellHyperLink", "CExtGridCellBool", "CExtGridCellDateTime",
-    "CExtGridCellColor", "CExtGridCellSlider"};
+    "CExtGridCellColor", "CExtGridCellSlider", "CExtGridCellComboBox", "CExtGridCellDropListComboBox",
+    "CExtGridCellPercentage"};
 
 }  // namespace
 

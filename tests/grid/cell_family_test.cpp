@@ -94,7 +94,8 @@ TEST(SliderCell, StaysInsideItsRange) {
 
 TEST(FamilyCells, RoundTripAndCloneByClass) {
   for (const char* name : {"CExtGridCellHyperLink", "CExtGridCellBool", "CExtGridCellDateTime", "CExtGridCellColor",
-                           "CExtGridCellSlider"}) {
+                           "CExtGridCellSlider", "CExtGridCellComboBox", "CExtGridCellDropListComboBox",
+                           "CExtGridCellPercentage"}) {
     const CellClass* c = FindCellClass(name);
     ASSERT_NE(c, nullptr) << name;
     std::unique_ptr<CExtGridCell> cell(c->CreateObject(nullptr));
@@ -106,6 +107,51 @@ TEST(FamilyCells, RoundTripAndCloneByClass) {
     std::unique_ptr<CExtGridCell> copy(cell->Clone());
     EXPECT_EQ(Text(*copy), Text(*cell)) << name;
     EXPECT_EQ(copy->Compare(*cell), 0) << name;
+  }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ComboBoxCells, DropListStoresOnlyItsItems) {
+  CExtGridCellDropListComboBox cell;
+  cell.ItemsSet({"Red", "Green", "Blue"});
+  struct Case { const char* text; bool ok; const char* stored; };
+  for (const Case& c : {Case{"green", true, "Green"}, Case{"Purple", false, "Green"}, Case{"", false, "Green"},
+                        Case{"BLUE", true, "Blue"}}) {
+    EXPECT_EQ(cell.OnParseText(c.text) == S_OK, c.ok) << c.text;
+    cell.TextSet(c.text);
+    EXPECT_EQ(Text(cell), c.stored) << c.text;
+  }
+  EXPECT_FALSE(cell.SelectItem(3));
+  CExtGridCellComboBox free;
+  free.ItemsSet({"a"});
+  free.TextSet("anything");
+  EXPECT_EQ(Text(free), "anything");
+  EXPECT_EQ(free.OnParseText("else"), S_OK);
+  CExtGridCellDropListComboBox back;
+  ASSERT_TRUE(Load(back, Store(cell)));
+  EXPECT_EQ(back.ItemsGet(), cell.ItemsGet());
+  EXPECT_EQ(Text(back), "Blue");
+  Bytes hostile = Store(cell);
+  hostile.resize(hostile.size() - 19);  // the count and the three items ("Red", "Green", "Blue")
+  Put32(hostile, 0x7FFFFFFF);
+  EXPECT_FALSE(Load(back, hostile));
+}
+
+TEST(PercentageCell, ShowsAndReadsHundredths) {
+  struct Case { const char* in; bool ok; double fraction; const char* shown; };
+  for (const Case& c : {Case{"12.5%", true, 0.125, "12.5%"}, Case{"40", true, 0.4, "40%"},
+                        Case{"-3 %", true, -0.03, "-3%"}, Case{"lots", false, 0, ""}}) {
+    CExtGridCellPercentage cell;
+    EXPECT_EQ(cell.OnParseText(c.in) == S_OK, c.ok) << c.in;
+    cell.TextSet(c.in);
+    EXPECT_EQ(cell.IsEmpty(), !c.ok) << c.in;
+    if (c.ok) {
+      EXPECT_DOUBLE_EQ(cell.GetVariantPtr()->DoubleValue(), c.fraction) << c.in;
+    }
+    EXPECT_EQ(Text(cell), c.shown) << c.in;
   }
 }
 

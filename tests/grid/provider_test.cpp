@@ -223,6 +223,24 @@ TYPED_TEST(Providers, SortRunOrdersRowsBehindTheReservedOnes) {
   EXPECT_EQ(stop.calls, (std::vector<std::string>{"check"}));
 }
 
+TYPED_TEST(Providers, SortRunOrdersColumnsByTheRowSortOrder) {
+  // Row 1 holds the keys; row 0 follows its column. Column 0 is reserved and stays.
+  auto p = this->Make(4, 2, {{{0, 1}, 99}, {{1, 0}, 10}, {{1, 1}, 3}, {{2, 0}, 20}, {{2, 1}, 1}, {{3, 0}, 30}, {{3, 1}, 2}});
+  ASSERT_TRUE(p->CacheReservedCountsSet(1, 0));
+  p->SortOrderGet(false).m_arrItems = {{1, false}};
+  EXPECT_TRUE(p->SortRun(true));
+  EXPECT_EQ(this->Cells(*p), (std::map<std::pair<int, int>, int>{{{0, 1}, 99}, {{1, 0}, 10}, {{1, 1}, 3},
+                                                                  {{2, 0}, 30}, {{2, 1}, 2}, {{3, 0}, 20}, {{3, 1}, 1}}));
+  p->SortFlagsSet(kSortColumnsOff);
+  EXPECT_FALSE(p->SortRun(true));
+  // Moving a column clears the column sort order, not the row one.
+  p->SortOrderGet(true).m_arrItems = {{1, true}};
+  EXPECT_TRUE(p->MoveSeries(true, 3, 1));
+  EXPECT_TRUE(p->SortOrderGet(true).IsEmpty());
+  EXPECT_FALSE(p->SortOrderGet(false).IsEmpty());
+  EXPECT_EQ(this->Cells(*p).at({1, 1}), 1);
+}
+
 TYPED_TEST(Providers, ArchiveRoundTripsIntoEitherStore) {
   auto p = this->Make(3, 4, {{{0, 0}, 5}, {{2, 3}, 6}});
   CExtGridCellVariant model;

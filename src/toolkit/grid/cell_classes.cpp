@@ -31,6 +31,9 @@ const CellClass* FindCellClass(const std::string& name) {
       &CExtGridCellDateTime::kClass,
       &CExtGridCellColor::kClass,
       &CExtGridCellSlider::kClass,
+      &CExtGridCellComboBox::kClass,
+      &CExtGridCellDropListComboBox::kClass,
+      &CExtGridCellPercentage::kClass,
   };
   for (const CellClass* c : kClasses)
     if (name == c->name) return c;

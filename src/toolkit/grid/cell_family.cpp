@@ -17,6 +17,9 @@ QMK_GRID_CELL_CLASS_IMPL(CExtGridCellBool, CExtGridCellEx)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellDateTime, CExtGridCellEx)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellColor, CExtGridCellEx)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellSlider, CExtGridCellVariant)
+QMK_GRID_CELL_CLASS_IMPL(CExtGridCellComboBox, CExtGridCellString)
+QMK_GRID_CELL_CLASS_IMPL(CExtGridCellDropListComboBox, CExtGridCellComboBox)
+QMK_GRID_CELL_CLASS_IMPL(CExtGridCellPercentage, CExtGridCellVariant)
 
 namespace {
 
@@ -282,6 +285,85 @@ bool CExtGridCellSlider::Decrement(int steps, const GridEditState* grid) {
   if (!CanDecrement(grid)) return false;
   SetPos(static_cast<int32_t>(std::clamp<int64_t>(int64_t{GetPos()} - steps, m_nLow, m_nHigh)));
   return true;
+}
+
+// ---- combo boxes ----
+
+int CExtGridCellComboBox::FindItem(const std::string& text) const {
+  for (size_t i = 0; i < m_arrItems.size(); ++i) {
+    const std::string& item = m_arrItems[i];
+    if (item.size() == text.size() &&
+        std::equal(item.begin(), item.end(), text.begin(), [](char a, char b) {
+          return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+        }))
+      return static_cast<int>(i);
+  }
+  return -1;
+}
+
+bool CExtGridCellComboBox::SelectItem(int index) {
+  if (index < 0 || index >= static_cast<int>(m_arrItems.size())) return false;
+  CExtGridCellString::TextSet(m_arrItems[static_cast<size_t>(index)].c_str());
+  return true;
+}
+
+bool CExtGridCellComboBox::Serialize(Archive& ar) {
+  if (!CExtGridCellString::Serialize(ar)) return false;
+  if (ar.IsStoring()) {
+    ar.WriteU32(static_cast<uint32_t>(m_arrItems.size()));
+    for (const std::string& item : m_arrItems) ar.WriteString(item);
+    return ar.ok();
+  }
+  const uint32_t count = ar.ReadU32();
+  // Each item takes at least its length byte.
+  if (auto left = ar.Remaining(); !ar.ok() || (left && *left < count)) return false;
+  std::vector<std::string> items;
+  for (uint32_t i = 0; i < count && ar.ok(); ++i) items.push_back(ar.ReadString());
+  if (!ar.ok()) return false;
+  m_arrItems = std::move(items);
+  return true;
+}
+
+void CExtGridCellComboBox::Assign(const CExtGridCell& other) {
+  CExtGridCellString::Assign(other);
+  if (auto* o = dynamic_cast<const CExtGridCellComboBox*>(&other)) m_arrItems = o->m_arrItems;
+}
+
+void CExtGridCellDropListComboBox::TextSet(const char* text, bool) {
+  // The stored text is the item as the list writes it.
+  SelectItem(FindItem(text ? text : ""));
+}
+
+HRESULT CExtGridCellDropListComboBox::OnParseText(const char* text) const {
+  return FindItem(text ? text : "") >= 0 ? S_OK : DISP_E_TYPEMISMATCH;
+}
+
+// ---- percentage ----
+
+bool CExtGridCellPercentage::Parse(const char* text, double& fraction) {
+  std::string t = text ? text : "";
+  while (!t.empty() && (t.back() == ' ' || t.back() == '%')) t.pop_back();
+  Variant v;
+  if (platform::ChangeType(v, Variant::Str(t), VT_R8) != S_OK) return false;
+  fraction = v.DoubleValue() / 100.0;
+  return true;
+}
+
+void CExtGridCellPercentage::TextGet(std::string& text) const {
+  text.clear();
+  Variant real, shown;
+  if (IsEmpty() || platform::ChangeType(real, m_var, VT_R8) != S_OK) return;
+  if (platform::ChangeType(shown, Variant::R8(real.DoubleValue() * 100.0), VT_BSTR) == S_OK) text = shown.StringValue() + "%";
+}
+
+void CExtGridCellPercentage::TextSet(const char* text, bool) {
+  double fraction = 0;
+  if (Parse(text, fraction)) VariantSet(Variant::R8(fraction));
+}
+
+HRESULT CExtGridCellPercentage::OnParseText(const char* text) const {
+  double fraction = 0;
+  return Parse(text, fraction) ? S_OK : DISP_E_TYPEMISMATCH;
 }
 
 }  // namespace qmk::toolkit::grid

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "toolkit/grid/cell_ex.h"
 #include "toolkit/grid/cell_variant.h"
@@ -103,6 +104,44 @@ class CExtGridCellSlider : public CExtGridCellVariant {
 
  private:
   int32_t m_nLow = 0, m_nHigh = 100;
+};
+
+// A string with a list of items to choose from; any text may be typed.
+class CExtGridCellComboBox : public CExtGridCellString {
+  QMK_GRID_CELL_CLASS(CExtGridCellComboBox)
+ public:
+  const std::vector<std::string>& ItemsGet() const { return m_arrItems; }
+  void ItemsSet(std::vector<std::string> items) { m_arrItems = std::move(items); }
+  // The index of the item equal to `text` without regard to case, or -1.
+  int FindItem(const std::string& text) const;
+  // Chooses item `index`; false when there is none.
+  bool SelectItem(int index);
+  bool Serialize(Archive& ar) override;
+  void Assign(const CExtGridCell& other) override;
+
+ private:
+  std::vector<std::string> m_arrItems;
+};
+
+// The same, where only an item of the list may be stored.
+class CExtGridCellDropListComboBox : public CExtGridCellComboBox {
+  QMK_GRID_CELL_CLASS(CExtGridCellDropListComboBox)
+ public:
+  void TextSet(const char* text, bool asIs = false) override;
+  platform::HRESULT OnParseText(const char* text) const override;
+};
+
+// A number shown as a percentage: 0.125 shows as "12.5%"; "12.5%" and "12.5" read as 0.125.
+class CExtGridCellPercentage : public CExtGridCellVariant {
+  QMK_GRID_CELL_CLASS(CExtGridCellPercentage)
+ public:
+  CExtGridCellPercentage() { m_var = Variant::R8(0); }
+  void TextGet(std::string& text) const override;
+  void TextSet(const char* text, bool asIs = false) override;
+  platform::HRESULT OnParseText(const char* text) const override;
+
+ private:
+  static bool Parse(const char* text, double& fraction);
 };
 
 }  // namespace qmk::toolkit::grid

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <new>
 
 #include "platform/variant/change_type.h"
 #include "toolkit/grid/variant_archive.h"
@@ -263,7 +264,12 @@ void CExtGridCellVariant::_VariantAssign(bool value) {
   CExtGridCellEx::SetEmpty(false);
 }
 void CExtGridCellVariant::_VariantAssign(const std::string& value) {
-  m_var = Variant::Str(value);
+  try {
+    m_var = Variant::Str(value);
+  } catch (const std::bad_alloc&) {
+    // A text that can't be held becomes the out-of-memory error, not a lost cell.
+    m_var = Variant::Error(E_OUTOFMEMORY);
+  }
   CExtGridCellEx::SetEmpty(false);
 }
 
