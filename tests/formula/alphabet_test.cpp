@@ -131,11 +131,14 @@ TEST(FormulaAlphabet, Ranges) {
            {"A", "C", false, {}, true, false},
            {"A", "3", true, {}, false, true},
            {"2", "B", true, {}, false, true},
-           {"A1", "B", true, {}, false, true},
+           // A cell beside a non-cell, and with a manager a first text that is neither a
+           // column nor a row, flag nothing: the rectangle stays at -1.
+           {"A1", "B", true, {}, false, false},
+           {"A1", "B", false, {}, false, false},
            {"", "B2", false, {}, true, false},
            {"A1", "", false, {}, false, true},
-           {"#", "B2", true, {}, true, false},
-           {"A0", "B2", true, {}, true, false},
+           {"#", "B2", true, {}, false, false},
+           {"A0", "B2", true, {}, false, false},
        }) {
     bool bad1 = true, bad2 = true;
     const CellRect got = kAlphabet.ParseRange(c.first, c.second, bad1, bad2, c.with_manager ? &manager : nullptr);

@@ -127,7 +127,9 @@ TEST(FormulaLexer, NumberForms) {
            {"2.5e05", kTokenReal, "2.5e5", " "},
            {"2.5e005", kTokenReal, "2.5e05", " "},
            {"2.5e-05", kTokenReal, "2.5e-5", " "},
-           {"1e0", kTokenReal, "1.0e0", " "},
+           // The exponent's one leading zero goes even when it is the only digit.
+           {"1e0", kTokenReal, "1.0e", " "},
+           {"1e00", kTokenReal, "1.0e0", " "},
            {"0.0", kTokenReal, "0.0e0", " "},
            {"0e1", kTokenReal, "0.0e1", " "},
            // An exponent with no digits is accepted bare.

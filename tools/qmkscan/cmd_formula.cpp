@@ -7,6 +7,8 @@
 
 #include "commands.h"
 #include "toolkit/formula/alphabet.h"
+#include "toolkit/formula/data_manager.h"
+#include "toolkit/formula/errors.h"
 #include "toolkit/formula/scanner.h"
 
 namespace qmkscan {
@@ -43,13 +45,33 @@ bool ReadShift(const std::string& text, int& dx, int& dy) {
   return true;
 }
 
+// The value of a formula with no cells, as one line.
+int ComputeAndPrint(const CExtFormulaItem& root) {
+  qmk::toolkit::formula::CExtFormulaDataManager sheet;
+  qmk::toolkit::formula::FormulaContext context;
+  qmk::toolkit::formula::CExtFormulaValue value;
+  const CExtFormulaItem* errorItem = nullptr;
+  int code = root.Compute(context, value, sheet, errorItem);
+  if (code == 0 && value.m_nKind == qmk::toolkit::formula::CExtFormulaValue::kRange)
+    code = value.m_range.IsSingleCell() ? 0 : qmk::toolkit::formula::kErrRangeResult;
+  if (code != 0) {
+    std::printf("ERR %d: %s\n", code, qmk::toolkit::formula::GetErrorText(code).c_str());
+    return 0;
+  }
+  // A single cell of an empty sheet reads as 0.
+  if (value.m_nKind == qmk::toolkit::formula::CExtFormulaValue::kRange) value.SetScalar(qmk::platform::Variant::R8(0.0));
+  std::printf("%s\n", qmk::toolkit::formula::ScalarText(value.m_value).c_str());
+  return 0;
+}
+
 }  // namespace
 
 int RunFormula(Args& args) {
   const std::optional<std::string> shift = args.Option("shift");
+  const bool compute = args.Flag("compute");
   if (!args.NoUnknownOptions("formula")) return 2;
   if (args.rest().size() != 1) {
-    std::fprintf(stderr, "usage: qmkscan formula TEXT [--shift DX,DY]\n");
+    std::fprintf(stderr, "usage: qmkscan formula TEXT [--shift DX,DY | --compute]\n");
     return 2;
   }
   int dx = 0, dy = 0;
@@ -71,6 +93,7 @@ int RunFormula(Args& args) {
     std::printf("%s\n", text.c_str());
     return 0;
   }
+  if (compute) return ComputeAndPrint(*root);
   PrintTree(*root, 0);
   std::printf("%s\n", root->ToText().c_str());
   return 0;

@@ -26,7 +26,7 @@ constexpr Command kCommands[] = {
      "serve a simulated serial scanner on a pseudo-terminal and print its path", RunSimulateSerial},
     {"bitmap", "info FILE | convert IN OUT [--rle] | scale IN OUT W H [--filter NAME] | filter IN OUT --mono|--hls DH,DL,DS|--alpha D",
      "read, convert (BMP or PNG), resample and filter pictures with the toolkit's bitmap engine", RunBitmap},
-    {"formula", "TEXT [--shift DX,DY]",
+    {"formula", "TEXT [--shift DX,DY | --compute]",
      "parse a formula; print its tree and printed form, or the text with references moved", RunFormula},
     {"autoname", "TEMPLATE [--form N] [--context] [--commit] [--data-dir D] [--sequence N] "
                  "[--reset never|daily|weekly|monthly] [--batch]",
@@ -49,6 +49,8 @@ constexpr Command kCommands[] = {
     {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
     {"ui-demo", "[--png FILE]",
      "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
+    {"sheet", "FILE|- [--set A1=TEXT]... [--print RANGE] [--time]",
+     "compute a sheet of cell texts (tab-separated rows); apply changes and print what was recomputed", RunSheet},
 };
 
 void PrintHelp(std::FILE* out) {

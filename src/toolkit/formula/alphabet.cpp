@@ -95,11 +95,9 @@ CellRect CExtFormulaAlphabet::ParseRange(const char* text1, const char* text2, b
   const CellPos c1 = ParseCell(p1);
   const CellPos c2 = ParseCell(p2);
   if (c1.column >= 0 && c2.column >= 0) return {c1.column, c1.row, c2.column, c2.row};
-  if (c1.column >= 0) {
-    // A cell cannot pair with a whole column or row: the second half is what is wrong.
-    bad2 = true;
-    return {};
-  }
+  // A cell paired with anything but a cell is no range, yet neither half is flagged: the
+  // rectangle stays at -1 and the walks over references leave it out.
+  if (c1.column >= 0) return {};
   if (manager == nullptr) {
     bad1 = true;
     return {};
@@ -120,7 +118,7 @@ CellRect CExtFormulaAlphabet::ParseRange(const char* text1, const char* text2, b
     if (spans_rows) return {0, first, last_column, second};
     return {first, 0, second, last_row};
   }
-  bad1 = true;
+  // Neither a column nor a row: no flag either, as above.
   return {};
 }
 

@@ -6,11 +6,13 @@
 
 #include "platform/variant/variant.h"
 #include "toolkit/formula/range_set.h"
+#include "toolkit/formula/value.h"
 
 namespace qmk::toolkit::formula {
 
 class CExtFormulaAlphabet;
 class FormulaManager;
+class CExtFormulaDataManager;
 
 // Node kinds; the numbers are those the editor and the evaluator test.
 enum FormulaKind : int {
@@ -70,6 +72,10 @@ class CExtFormulaItem {
   virtual int GetChildCount() const { return static_cast<int>(m_children.size()); }
   virtual CExtFormulaItem* GetChildAt(int index) const;
 
+  // Computes the node into `value`: 0, or an error code with `errorItem` on the node that
+  // caused it (the first one set stays).
+  virtual int Compute(FormulaContext& context, CExtFormulaValue& value, CExtFormulaDataManager& manager,
+                      const CExtFormulaItem*& errorItem) const;
   // The value of an integer, real or string literal; false for any other kind.
   virtual bool LiteralToValue(platform::Variant& value) const;
   // The tree printed back as a fully parenthesised formula, for diagnostics.

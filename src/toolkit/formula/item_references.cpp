@@ -54,7 +54,7 @@ bool CExtFormulaItem::ReferenceCells(const FormulaManager* manager, const CExtFo
     const std::string second = Upper(alphabet, m_children[1]->m_strText);
     bool bad1 = false, bad2 = false;
     as_written = alphabet.ParseRange(first.c_str(), second.c_str(), bad1, bad2, manager);
-    if (bad1 || bad2) return false;
+    if (bad1 || bad2 || as_written.left < 0) return false;
     cells.Add(as_written);
   } else {
     return false;

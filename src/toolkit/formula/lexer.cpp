@@ -159,8 +159,9 @@ int CExtFormulaScanner::ScanNumber() {
     if (CharAt(q) == '-') exponent = "-";
     if (CharAt(q) == '+' || CharAt(q) == '-') ++q;
     const int exp_end = digits_from(q);
-    // One leading zero is dropped when more digits follow it: "1e05" is "1.0e5".
-    if (CharAt(q) == '0' && exp_end - q > 1) ++q;
+    // One leading zero of the exponent is dropped, also when it is the only digit: "1e05" is
+    // "1.0e5" and "1e0" is "1.0e", which still reads as 1.
+    if (CharAt(q) == '0') ++q;
     exponent.append(m_pText + q, static_cast<size_t>(exp_end - q));
     q = exp_end;
   }

@@ -1,0 +1,70 @@
+// value.h: CExtFormulaValue, one intermediate result of a formula, and the conversions it needs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/variant/variant.h"
+#include "toolkit/formula/key_map.h"
+#include "toolkit/formula/range_set.h"
+
+namespace qmk::toolkit::formula {
+
+// The positions already entered during one computing pass; a cell met again reads its stored
+// value, which is what ends the recursion of a cell that depends on itself.
+class FormulaContext {
+ public:
+  void insert(int64_t key) { m_set.Insert(key, 1); }
+  size_t count(int64_t key) const { return m_set.Contains(key) ? 1 : 0; }
+  size_t size() const { return m_set.size(); }
+
+ private:
+  FlatKeySet m_set;
+};
+inline int64_t PositionKey(int column, int row) {
+  return (static_cast<int64_t>(static_cast<uint32_t>(column)) << 32) | static_cast<uint32_t>(row);
+}
+inline CellPos KeyPosition(int64_t key) {
+  return {static_cast<int>(static_cast<uint32_t>(key >> 32)), static_cast<int>(static_cast<uint32_t>(key))};
+}
+
+// Converts `value` in place to `type`. A text that is empty after trimming blanks, carriage
+// returns, line feeds and tabs reads as the integer 0 for any numeric or date target. False,
+// with `value` unchanged, when there is no such conversion.
+bool ConvertVariant(platform::Variant& value, platform::VarType type);
+
+// A scalar as the command-line host prints it: a number in its shortest exact form, a text in
+// double quotes, TRUE or FALSE.
+std::string ScalarText(const platform::Variant& value);
+
+class CExtFormulaValue {
+ public:
+  enum Kind : int { kNone = 0, kScalar = 1, kRange = 2 };
+
+  CExtFormulaValue() = default;
+  virtual ~CExtFormulaValue() = default;
+
+  // A date becomes a double of the same number, except one that falls on 1 January 1900,
+  // which loses 2.0 so that TIME's result turns into a pure fraction of a day. False, with
+  // nothing changed, for any other type.
+  virtual bool NormalizeDate();
+  // Negative, zero or positive, by the variant comparison of the scalars.
+  virtual int Compare(const CExtFormulaValue& other) const;
+  virtual void Assign(const CExtFormulaValue& other) { *this = other; }
+  virtual bool IsEmptyKind() const { return m_nKind == kNone; }
+  // Kind 0, no variant, the "empty" bit set, no range.
+  virtual void Clear();
+
+  // Stores a scalar: kind 1, "empty" cleared.
+  void SetScalar(const platform::Variant& scalar);
+  void SetRange(const CExtGridRangeSet& range);
+  // Converts the scalar in place; false when it has no such form.
+  bool ChangeType(platform::VarType type) { return ConvertVariant(m_value, type); }
+
+  int m_nKind = kNone;
+  platform::Variant m_value;
+  bool m_bEmpty = true;  // the cell style bit "empty" the information functions test
+  CExtGridRangeSet m_range;
+};
+
+}  // namespace qmk::toolkit::formula
