@@ -83,7 +83,7 @@ class LibraryServices : public OptionServices {
     if (year_digits == 2) year += year < 70 ? 2000 : 1900;
     else if (year_digits != 4) return false;
     if (month < 1 || month > 12 || day < 1 || day > DaysInMonth(month, year)) return false;
-    char out[16];
+    char out[40];
     std::snprintf(out, sizeof out, "%02d/%02d/%04d", month, day, year);
     normalised = out;
     return true;

@@ -41,8 +41,12 @@ class FakeOptionServices : public OptionServices {
   bool FileSpecUsable(const std::string& path) override {
     return !path.empty() && path[0] == '/' && path.find_first_of(" ?") == std::string::npos;
   }
-  // Dates of the form D.M; normalised to "0D/0M".
+  // Dates of the form D.M, normalised to "0D/0M"; a text with a '/' is normal already.
   bool NormalizeDate(const std::string& text, std::string& normalised) override {
+    if (text.find('/') != std::string::npos) {
+      normalised = text;
+      return true;
+    }
     const size_t dot = text.find('.');
     if (dot == std::string::npos || dot == 0 || dot + 1 == text.size()) return false;
     normalised = "0" + text.substr(0, dot) + "/0" + text.substr(dot + 1);
