@@ -3,6 +3,7 @@
 
 #include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -54,7 +55,9 @@ class DesktopLauncher : public BrowserLauncher {
   }
 
   // The address arrives quoted to be one command-line argument; a program started without a
-  // shell gets it as one argument already, so the quotes go.
+  // shell splitting it gets it as one argument already, so the quotes go. A short-lived shell
+  // starts the browser in the background and is waited for at once, so the browser outlives
+  // this call without leaving a child behind; the shell fails when the program can't be found.
   bool Start(const std::string& program, const std::string& argument,
              const std::string& folder) override {
     std::string address = argument;
@@ -65,11 +68,17 @@ class DesktopLauncher : public BrowserLauncher {
     struct stat info;
     if (!folder.empty() && stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode))
       posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-    std::vector<char*> argv = {const_cast<char*>(program.c_str()), address.data(), nullptr};
+    std::string script = "command -v \"$0\" >/dev/null 2>&1 || exit 127; \"$0\" \"$1\" >/dev/null 2>&1 &";
+    std::string shell = "sh", dash_c = "-c", name = program;
+    std::vector<char*> argv = {shell.data(), dash_c.data(), script.data(), name.data(),
+                               address.data(), nullptr};
     pid_t child = 0;
-    const int failed = posix_spawnp(&child, program.c_str(), &actions, nullptr, argv.data(), environ);
+    const int failed = posix_spawn(&child, "/bin/sh", &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    return failed == 0;
+    if (failed != 0) return false;
+    int status = 0;
+    if (waitpid(child, &status, 0) != child) return false;
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
 };
 

@@ -3,6 +3,10 @@
 #include "frame/help.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
 
 #include "frame/corvid_app.h"
 #include "frame/scripted_operator.h"
@@ -123,22 +127,41 @@ TEST_F(HelpTest, WinHelpNeedsAMainWindowAndAsksForTheTopic) {
   EXPECT_NE(launcher_.started[0].find("#1234"), std::string::npos);
 }
 
-TEST(DefaultLauncher, TakesBrowserFromTheEnvironment) {
-  testing::ScopedEnv browser("BROWSER", "/bin/true");
-  HelpContextSource previous = SetHelpContextSource([] { return HelpContext{1, ""}; });
+TEST(DefaultLauncher, StartsBrowserFromTheEnvironmentWithTheUnquotedAddress) {
+  const std::filesystem::path dir = std::filesystem::temp_directory_path() /
+                                    ("qmk_help_" + std::to_string(getpid()));
+  std::filesystem::create_directories(dir);
+  const std::filesystem::path browser = dir / "browser", seen = dir / "seen";
+  {
+    std::ofstream script(browser);
+    script << "#!/bin/sh\nprintf '%s' \"$1\" > " << seen.string() << ".tmp && mv " << seen.string()
+           << ".tmp " << seen.string() << "\n";
+  }
+  std::filesystem::permissions(browser, std::filesystem::perms::owner_all);
+  testing::ScopedEnv use("BROWSER", browser.string());
+  HelpContextSource previous = SetHelpContextSource([] { return HelpContext{55, ""}; });
   ScriptedOperator op;
   Operator* previous_op = SetOperator(&op);
   CCorvidApp app;
-  ShowHelp(nullptr, app, kHelpContents);
+  app.InitInstance();
+  ShowHelp(nullptr, app, kHelpContext);
+  std::string address;
+  for (int i = 0; i < 200 && address.empty(); ++i) {
+    std::ifstream in(seen);
+    std::getline(in, address);
+    if (address.empty()) usleep(10000);
+  }
+  EXPECT_EQ(address, "https://help.quillmark.com\\MarkDeskPlus\\Help\\v83\\\\main_CSH.htm#55");
   EXPECT_TRUE(op.events().empty());
   {
-    testing::ScopedEnv missing("BROWSER", "/nonexistent/browser");
+    testing::ScopedEnv missing("BROWSER", (dir / "absent").string());
     ShowHelp(nullptr, app, kHelpContents);
   }
   ASSERT_EQ(op.events().size(), 1u);
   EXPECT_NE(op.events()[0].find("Could not open web browser"), std::string::npos);
   SetOperator(previous_op);
   SetHelpContextSource(previous);
+  std::filesystem::remove_all(dir);
 }
 
 }  // namespace
