@@ -86,7 +86,18 @@ class CExtWA : public Base {
  protected:
   intptr_t WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) override {
     namespace ui = platform::ui;
-    if (msg == ui::WM_SIZE) OnSize(wp, static_cast<int>(lp & 0xFFFF), static_cast<int>((lp >> 16) & 0xFFFF));
+    if (msg == ui::WM_INITDIALOG) {
+      // The window's creation sizes came before this object was bound to it: the first size
+      // is taken here, after the dialog added its anchors.
+      const intptr_t r = Base::WindowProc(msg, wp, lp, handled);
+      ui::Rect client;
+      ui::GetClientRect(this->m_hWnd, &client);
+      if (!(m_nLimits & kLimitFirstSizeKnown))
+        OnSize(ui::SIZE_RESTORED, client.Width(), client.Height());
+      return r;
+    }
+    if (msg == ui::WM_SIZE)
+      OnSize(wp, static_cast<int>(lp & 0xFFFF), static_cast<int>((lp >> 16) & 0xFFFF));
     if (msg == ui::WM_GETMINMAXINFO) {
       // Swallowed until the first size is known, so creation keeps the template's size.
       if (!(m_nLimits & kLimitFirstSizeKnown)) {
