@@ -119,4 +119,10 @@ bool InstallBackend(Backend* backend) {
   return true;
 }
 
+bool MessageBeep(unsigned) {
+  if (!BackendStarted()) return false;
+  TheBackend().Beep();
+  return true;
+}
+
 }  // namespace qmk::platform::ui

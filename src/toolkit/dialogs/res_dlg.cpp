@@ -52,6 +52,12 @@ intptr_t CExtResDlg::DoModal() {
                             reinterpret_cast<LPARAM>(this));
 }
 
+intptr_t CExtResDlg::RunModalIndirect(const ui::DialogTemplate& tpl) {
+  ModuleGuard guard;
+  return ui::DialogBoxIndirectParam(tpl, m_hWndParent, &CExtResDlg::DialogProc,
+                                    reinterpret_cast<LPARAM>(this), tpl.id);
+}
+
 bool CExtResDlg::Create(int template_id, HWND parent) {
   m_nTemplateId = template_id;
   m_hWndParent = parent;

@@ -40,6 +40,8 @@ class CExtResDlg : public theme::CExtPmBridge {
   virtual void OnOK() { EndDialog(platform::ui::IDOK); }
   virtual void OnCancel() { EndDialog(platform::ui::IDCANCEL); }
   void EndDialog(intptr_t result);
+  // Runs a dialog made from a template in memory, modally, with the module guard in force.
+  intptr_t RunModalIndirect(const platform::ui::DialogTemplate& tpl);
 
   HWND m_hWnd = nullptr;
   HWND m_hWndParent = nullptr;
