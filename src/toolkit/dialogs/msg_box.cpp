@@ -75,6 +75,7 @@ intptr_t CExtMsgBox::DoModal() {
   tpl.style = (m_nStyle & kMbSystemModal) ? kBoxStyleSystemModal : kBoxStyle;
   if (ResourceManager()->IsRightToLeftLanguage()) tpl.ex_style |= ui::WS_EX_LAYOUTRTL;
   if (m_nStyle & kMbTopmost) tpl.ex_style |= ui::WS_EX_TOPMOST;
+  tpl.id = kMsgBoxTemplateId;
   tpl.caption = m_strCaption;
   tpl.cx = 100;
   tpl.cy = 40;
@@ -255,6 +256,14 @@ intptr_t CExtMsgBox::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handle
     } else if (id != kMbCheckBoxId && id != kTextId) {
       handled = false;
     }
+    return 0;
+  }
+  if (msg == ui::WM_CLOSE) {
+    // The close box is greyed when there is no escape button; a close that still comes (a
+    // window manager, a host without a person) ends the box with IDCANCEL rather than hang it.
+    handled = true;
+    if (m_nEscapeButton != -1) EndWith(m_nEscapeButton);
+    else ui::EndDialog(m_hWnd, ui::IDCANCEL);
     return 0;
   }
   if (msg == ui::WM_KEYDOWN && OnKey(static_cast<unsigned>(wp))) {

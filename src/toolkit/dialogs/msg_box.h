@@ -11,6 +11,8 @@
 namespace qmk::toolkit {
 
 constexpr unsigned kMsgBoxTimerId = 678;
+// The id the box's in-memory template carries (scripted operators find the box by it).
+constexpr int kMsgBoxTemplateId = 30740;
 
 class CExtMsgBox : public CExtResizableDialog {
  public:

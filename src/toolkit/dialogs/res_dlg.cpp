@@ -121,7 +121,11 @@ intptr_t CExtResDlg::DialogProc(HWND hwnd, unsigned msg, WPARAM wp, LPARAM lp) {
     self->PmBridge_Uninstall();
     self->m_hWnd = nullptr;
   }
-  return handled ? result : 0;
+  if (!handled) return 0;
+  // A dialog procedure says "handled" by returning nonzero; the answer itself travels apart.
+  if (msg == ui::WM_INITDIALOG) return result;
+  if (ui::IsWindow(hwnd)) ui::SetDialogResult(hwnd, result);
+  return 1;
 }
 
 }  // namespace qmk::toolkit
