@@ -47,8 +47,11 @@ constexpr Command kCommands[] = {
     {"theme-sheet", "--theme ID --png FILE | --list",
      "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
     {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
-    {"ui-demo", "[--png FILE]",
+    {"ui-demo", "[--theme ID] [--png FILE]",
      "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
+    {"themes", "", "list the theme ids and their classes", RunThemes},
+    {"msgbox", "TEXT [--buttons SET] [--theme ID] [--png FILE]",
+     "show a message box and print the pressed button's id, or draw it to a PNG file", RunMsgBox},
 };
 
 void PrintHelp(std::FILE* out) {
