@@ -3,6 +3,7 @@
 #include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -64,7 +65,9 @@ int CountDifferences(const platform::DrawTarget& a, cairo_surface_t* ref, platfo
   diff.FillRect({0, 0, actual.width(), actual.height()}, 0xFFFFFFFFu);
   const int bad = same_size ? CountDifferences(actual, s, diff) : -1;
   cairo_surface_destroy(s);
-  if (same_size && bad <= kMaxDifferentPixels) return ::testing::AssertionSuccess();
+  // Small pictures get a smaller allowance, so that a missing icon can't hide in it.
+  const int allowed = std::min(kMaxDifferentPixels, actual.width() * actual.height() / 100);
+  if (same_size && bad <= allowed) return ::testing::AssertionSuccess();
   actual.WritePng((out / (name + ".actual.png")).string());
   diff.WritePng((out / (name + ".diff.png")).string());
   return ::testing::AssertionFailure() << name << ": " << (same_size ? std::to_string(bad) + " pixels differ" : "no reference of this size") << "; see " << out;

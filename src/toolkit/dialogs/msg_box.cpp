@@ -139,6 +139,8 @@ void CExtMsgBox::Layout() {
   const int client_w = content_w + 2 * px(m.border_x);
 
   int y = py(m.border_y);
+  m_rcIcon = has_icon ? ui::Rect{px(m.border_x), y, px(m.border_x) + kIconSide, y + kIconSide}
+                      : ui::Rect{};
   ui::MoveWindow(ui::GetDlgItem(m_hWnd, kTextId), px(m.border_x) + icon_w, y, text_w, text_h,
                  false);
   y += text_h + py(m.gap);
@@ -182,6 +184,18 @@ bool CExtMsgBox::OnInitDialog() {
   if (HWND def = ui::GetDlgItem(m_hWnd, m_nDefaultButton); def && !m_bWaiting) ui::SetFocus(def);
   CExtResizableDialog::OnInitDialog();
   return false;  // the focus is set
+}
+
+void CExtMsgBox::PaintBody(ui::Dc* dc) {
+  ui::Rect client;
+  if (!ui::GetClientRect(m_hWnd, &client)) return;
+  const ui::Rect icon = m_rcIcon;
+  const int icon_bits = static_cast<int>(m_nStyle & kMbIconMask);
+  PaintThemed(dc, client, [&](platform::DrawTarget& t, const platform::DrawRect& r) {
+    auto* pm = theme::g_PaintManager().GetPM();
+    pm->PaintDialogBackground(t, r);
+    pm->PaintMessageBox(t, r, icon, icon_bits);
+  });
 }
 
 void CExtMsgBox::SetButtonsEnabled(bool on) {
@@ -257,6 +271,11 @@ intptr_t CExtMsgBox::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handle
       handled = false;
     }
     return 0;
+  }
+  if (msg == ui::WM_ERASEBKGND) {
+    handled = true;
+    PaintBody(reinterpret_cast<ui::Dc*>(wp));
+    return 1;
   }
   if (msg == ui::WM_CLOSE) {
     // The close box is greyed when there is no escape button; a close that still comes (a

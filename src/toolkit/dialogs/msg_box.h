@@ -58,7 +58,10 @@ class CExtMsgBox : public CExtResizableDialog {
   void SetButtonsEnabled(bool on);
   void ShowCountdown();
 
+  void PaintBody(platform::ui::Dc* dc);
+
   Metrics m_metrics;
+  platform::ui::Rect m_rcIcon{};
   int m_nSecondsLeft = 0;
   bool m_bWaiting = false;  // the buttons wait disabled for the timer
 };
