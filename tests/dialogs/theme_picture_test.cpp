@@ -33,7 +33,7 @@ int Channel(uint32_t p, int shift) { return static_cast<int>((p >> shift) & 0xFF
 
 // Counts pixels whose channels differ by more than the tolerance; paints them red in `diff`.
 int CountDifferences(const platform::DrawTarget& a, cairo_surface_t* ref, platform::DrawTarget& diff) {
-  const int w = cairo_image_surface_get_width(ref), stride = cairo_image_surface_get_stride(ref);
+  const int stride = cairo_image_surface_get_stride(ref);
   const unsigned char* data = cairo_image_surface_get_data(ref);
   int bad = 0;
   for (int y = 0; y < a.height(); ++y)
@@ -47,7 +47,6 @@ int CountDifferences(const platform::DrawTarget& a, cairo_surface_t* ref, platfo
         ++bad;
         diff.FillRect({x, y, x + 1, y + 1}, 0xFF0000FFu);
       }
-      (void)w;
     }
   return bad;
 }
