@@ -1,5 +1,5 @@
 // cmd_theme.cpp: qmkscan theme-sheet: draws every widget in every state in one theme to a PNG
-// file, or lists the theme ids.
+// file, or lists the theme ids; qmkscan themes lists them too.
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -12,12 +12,22 @@
 
 namespace qmkscan {
 
+void PrintThemeList() {
+  for (const qmk::toolkit::theme::ThemeChoice& c : qmk::toolkit::theme::ThemeChoices())
+    std::printf("%d  %-42s %s\n", c.id, c.display_name, c.cls->m_lpszClassName);
+}
+
+int RunThemes(Args& args) {
+  if (!args.NoUnknownOptions("themes") || !args.rest().empty()) return 2;
+  PrintThemeList();
+  return 0;
+}
+
 int RunThemeSheet(Args& args) {
   namespace theme = qmk::toolkit::theme;
   if (args.Flag("list")) {
     if (!args.NoUnknownOptions("theme-sheet")) return 2;
-    for (const theme::ThemeChoice& c : theme::ThemeChoices())
-      std::printf("%d  %-42s %s\n", c.id, c.display_name, c.cls->m_lpszClassName);
+    PrintThemeList();
     return 0;
   }
   const std::optional<std::string> id_text = args.Option("theme");

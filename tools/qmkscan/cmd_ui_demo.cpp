@@ -1,5 +1,5 @@
-// cmd_ui_demo.cpp: qmkscan ui-demo: the sample dialog with every plain control, live on the
-// back end in use, or rendered to a PNG file.
+// cmd_ui_demo.cpp: qmkscan ui-demo: the sample dialog with every plain control, in a theme,
+// live on the back end in use, or rendered to a PNG file.
 #include <cstdio>
 #include <string>
 
@@ -10,6 +10,7 @@
 #include "platform/ui/dialog.h"
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
+#include "toolkit/dialogs/resizable_dialog.h"
 
 namespace qmkscan {
 namespace {
@@ -66,36 +67,39 @@ void PrintValues(HWND dlg) {
               static_cast<long>(SendDlgItemMessage(dlg, 1010, LB_GETCURSEL, 0, 0)));
 }
 
-intptr_t SampleProc(HWND dlg, unsigned msg, WPARAM wp, LPARAM) {
-  if (msg == WM_INITDIALOG) {
-    Fill(dlg);
-    return 1;
+// The sample dialog on the toolkit's dialog base, so that it wears the current theme.
+class SampleDialog : public qmk::toolkit::CExtResizableDialog {
+ public:
+  SampleDialog() : CExtResizableDialog(kSampleDialog) {}
+
+ protected:
+  bool OnInitDialog() override {
+    Fill(m_hWnd);
+    return CExtResizableDialog::OnInitDialog();
   }
-  if (msg == WM_COMMAND && LOWORD(wp) == IDOK) {
-    PrintValues(dlg);
-    EndDialog(dlg, IDOK);
-    return 1;
+  void OnOK() override {
+    PrintValues(m_hWnd);
+    CExtResizableDialog::OnOK();
   }
-  return 0;
-}
+};
 
 }  // namespace
 
 int RunUiDemo(Args& args) {
   const auto png = args.Option("png");
-  if (!args.NoUnknownOptions("ui-demo")) return 2;
+  if (!SelectThemeOption(args, "ui-demo") || !args.NoUnknownOptions("ui-demo")) return 2;
+  SampleDialog dialog;
   if (png) {
     // A picture needs no display: it is drawn on the headless back end.
     InstallBackend(MakeHeadlessBackend().release());
-    HWND dlg = CreateDialogParam(kSampleDialog, nullptr, SampleProc, 0);
-    if (!dlg) {
+    if (!dialog.Create(kSampleDialog, nullptr)) {
       std::fprintf(stderr, "ui-demo: %s\n", LastDialogError().c_str());
       return 1;
     }
-    ShowWindow(dlg, SW_SHOW);
+    ShowWindow(dialog.GetSafeHwnd(), SW_SHOW);
     PumpMessages(0);
-    const bool ok = RenderWindowToPng(dlg, *png);
-    DestroyWindow(dlg);
+    const bool ok = RenderWindowToPng(dialog.GetSafeHwnd(), *png);
+    dialog.DestroyWindow();
     if (!ok) {
       std::fprintf(stderr, "ui-demo: cannot write %s\n", png->c_str());
       return 1;
@@ -104,7 +108,7 @@ int RunUiDemo(Args& args) {
     return 0;
   }
   std::printf("back end: %s\n", CurrentBackend().Name());
-  const intptr_t result = DialogBoxParam(kSampleDialog, nullptr, SampleProc, 0);
+  const intptr_t result = dialog.DoModal();
   if (result < 0) {
     std::fprintf(stderr, "ui-demo: %s\n", LastDialogError().c_str());
     return 1;

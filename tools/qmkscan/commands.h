@@ -38,5 +38,10 @@ int RunThemeSheet(Args& args);
 int RunGrid(Args& args);
 int RunUiDemo(Args& args);
 int RunSheet(Args& args);
+int RunThemes(Args& args);
+int RunMsgBox(Args& args);
+void PrintThemeList();
+// Selects the theme of "--theme ID" when given; false (with a message) for a bad id.
+bool SelectThemeOption(Args& args, const char* command);
 
 }  // namespace qmkscan

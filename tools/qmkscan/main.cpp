@@ -47,10 +47,13 @@ constexpr Command kCommands[] = {
     {"theme-sheet", "--theme ID --png FILE | --list",
      "draw every widget in every state in a theme to a PNG file, or list the theme ids", RunThemeSheet},
     {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
-    {"ui-demo", "[--png FILE]",
+    {"ui-demo", "[--theme ID] [--png FILE]",
      "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
     {"sheet", "FILE|- [--set A1=TEXT]... [--print RANGE] [--time]",
      "compute a sheet of cell texts (tab-separated rows); apply changes and print what was recomputed", RunSheet},
+    {"themes", "", "list the theme ids and their classes", RunThemes},
+    {"msgbox", "TEXT [--buttons SET] [--theme ID] [--png FILE]",
+     "show a message box and print the pressed button's id, or draw it to a PNG file", RunMsgBox},
 };
 
 void PrintHelp(std::FILE* out) {

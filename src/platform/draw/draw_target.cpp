@@ -168,4 +168,16 @@ bool DrawTarget::WritePng(const std::string& path) const {
   return cairo_surface_write_to_png(surface_, path.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 
+PixelView DrawTarget::Pixels() const {
+  PixelView view;
+  if (!surface_) return view;
+  cairo_surface_flush(surface_);
+  view.top_row = cairo_image_surface_get_data(surface_);
+  view.width = width_;
+  view.height = height_;
+  view.stride = cairo_image_surface_get_stride(surface_);
+  view.premultiplied = true;
+  return view;
+}
+
 }  // namespace qmk::platform

@@ -97,6 +97,8 @@ class DrawTarget {
 
   // The pixel at (x, y), alpha undone; 0 outside.
   uint32_t GetPixel(int x, int y) const;
+  // The target's pixels (premultiplied), valid until the next drawing; empty when not ok().
+  PixelView Pixels() const;
   bool WritePng(const std::string& path) const;
 
  private:

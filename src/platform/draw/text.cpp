@@ -14,50 +14,12 @@
 namespace qmk::platform {
 namespace {
 
-// Text with its mnemonic marks taken out, and the byte range to underline (empty when none).
-struct PlainText {
-  std::string text;
-  int underline_start = -1;
-  int underline_end = -1;
-};
-
-std::string ValidUtf8(const std::string& in) {
-  if (g_utf8_validate(in.data(), static_cast<gssize>(in.size()), nullptr)) return in;
-  gchar* fixed = g_utf8_make_valid(in.data(), static_cast<gssize>(in.size()));
-  std::string out(fixed);
-  g_free(fixed);
-  return out;
-}
-
-PlainText StripMnemonics(const std::string& raw, bool mnemonics) {
-  PlainText out;
-  const std::string in = ValidUtf8(raw);
-  if (!mnemonics) {
-    out.text = in;
-    return out;
-  }
-  for (size_t i = 0; i < in.size(); ++i) {
-    if (in[i] != '&' || i + 1 >= in.size()) {
-      out.text += in[i];
-      continue;
-    }
-    ++i;  // the mark itself is never shown
-    if (in[i] != '&' && out.underline_start < 0) {
-      out.underline_start = static_cast<int>(out.text.size());
-      const char* next = g_utf8_next_char(in.c_str() + i);
-      out.underline_end = out.underline_start + static_cast<int>(next - (in.c_str() + i));
-    }
-    out.text += in[i];
-  }
-  return out;
-}
-
 struct LayoutDeleter {
   void operator()(PangoLayout* l) const { g_object_unref(l); }
 };
 using LayoutPtr = std::unique_ptr<PangoLayout, LayoutDeleter>;
 
-LayoutPtr MakeLayout(cairo_t* cr, const PlainText& plain, const FontSpec& font) {
+LayoutPtr MakeLayout(cairo_t* cr, const MnemonicText& plain, const FontSpec& font) {
   LayoutPtr layout(pango_cairo_create_layout(cr));
   PangoContext* context = pango_layout_get_context(layout.get());
   pango_cairo_context_set_resolution(context, 96);
@@ -113,10 +75,41 @@ TextSize LogicalSize(PangoLayout* layout) {
 
 }  // namespace
 
+std::string RepairUtf8(const std::string& in) {
+  if (g_utf8_validate(in.data(), static_cast<gssize>(in.size()), nullptr)) return in;
+  gchar* fixed = g_utf8_make_valid(in.data(), static_cast<gssize>(in.size()));
+  std::string out(fixed);
+  g_free(fixed);
+  return out;
+}
+
+MnemonicText StripMnemonics(const std::string& raw, bool mnemonics) {
+  MnemonicText out;
+  const std::string in = RepairUtf8(raw);
+  if (!mnemonics) {
+    out.text = in;
+    return out;
+  }
+  for (size_t i = 0; i < in.size(); ++i) {
+    if (in[i] != '&' || i + 1 >= in.size()) {
+      out.text += in[i];
+      continue;
+    }
+    ++i;  // the mark itself is never shown
+    if (in[i] != '&' && out.underline_start < 0) {
+      out.underline_start = static_cast<int>(out.text.size());
+      const char* next = g_utf8_next_char(in.c_str() + i);
+      out.underline_end = out.underline_start + static_cast<int>(next - (in.c_str() + i));
+    }
+    out.text += in[i];
+  }
+  return out;
+}
+
 TextSize MeasureText(const std::string& text, const FontSpec& font, bool mnemonics) {
   Scratch scratch(1, 1);
   if (!scratch.ok()) return {};
-  const PlainText plain = StripMnemonics(text, mnemonics);
+  const MnemonicText plain = StripMnemonics(text, mnemonics);
   return LogicalSize(MakeLayout(scratch.cr, plain, font).get());
 }
 
@@ -125,7 +118,7 @@ bool DrawText(DrawTarget& target, const DrawRect& box, const std::string& text,
   if (!target.ok() || box.IsEmpty() || text.empty() || !target.RectVisible(box)) return false;
   Scratch scratch(box.Width(), box.Height());
   if (!scratch.ok()) return false;
-  const PlainText plain = StripMnemonics(text, options.mnemonics);
+  const MnemonicText plain = StripMnemonics(text, options.mnemonics);
   if (plain.text.empty()) return false;
   LayoutPtr layout = MakeLayout(scratch.cr, plain, font);
   const TextSize size = LogicalSize(layout.get());

@@ -32,6 +32,19 @@ struct TextOptions {
   bool center_vertically = true;
 };
 
+// Text as pango needs it: bytes that are not UTF-8 become replacement characters.
+std::string RepairUtf8(const std::string& in);
+
+// Text with its mnemonic marks taken out, and the byte range to underline (-1 when none).
+struct MnemonicText {
+  std::string text;
+  int underline_start = -1;
+  int underline_end = -1;
+};
+// Repairs the UTF-8, then with `mnemonics` takes out the '&' marks: "&&" stays one '&', "&x"
+// underlines x (the first such mark only). Without `mnemonics` the text is kept as it is.
+MnemonicText StripMnemonics(const std::string& raw, bool mnemonics = true);
+
 // The size of one line of UTF-8 text (invalid bytes are shown as replacement characters).
 TextSize MeasureText(const std::string& text, const FontSpec& font, bool mnemonics = false);
 

@@ -138,4 +138,10 @@ bool SetHostGtkParentWindow(void* gtk_window) {
   return set_parent && set_parent(gtk_window) != 0;
 }
 
+bool MessageBeep(unsigned) {
+  if (!BackendStarted()) return false;
+  TheBackend().Beep();
+  return true;
+}
+
 }  // namespace qmk::platform::ui

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/draw/text.h"
 #include "platform/ui/font_state.h"
 #include "platform/ui/paint.h"
 
@@ -13,28 +14,6 @@ namespace {
 void SetColor(cairo_t* cr, uint32_t rgba) {
   cairo_set_source_rgba(cr, (rgba & 0xFF) / 255.0, ((rgba >> 8) & 0xFF) / 255.0,
                         ((rgba >> 16) & 0xFF) / 255.0, (rgba >> 24) / 255.0);
-}
-
-// Takes the '&' marks out of a label: "&&" stays one '&', "&x" underlines x. Returns the byte
-// offset of the underlined character, or -1.
-int StripMnemonic(const std::string& in, std::string* out) {
-  int mark = -1;
-  out->clear();
-  for (size_t i = 0; i < in.size(); ++i) {
-    if (in[i] == '&' && i + 1 < in.size()) {
-      ++i;
-      if (in[i] != '&' && mark < 0) mark = static_cast<int>(out->size());
-    }
-    out->push_back(in[i]);
-  }
-  return mark;
-}
-
-// Length in bytes of the UTF-8 character starting at `s[i]`.
-int CharBytes(const std::string& s, int i) {
-  const auto c = static_cast<unsigned char>(s[static_cast<size_t>(i)]);
-  const int n = c < 0x80 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
-  return std::min(n, static_cast<int>(s.size()) - i);
 }
 
 }  // namespace
@@ -109,14 +88,10 @@ void Dc::DrawFocusRect(const Rect& r) {
 int Dc::DrawText(const std::string& text, Rect* r, unsigned format) {
   if (!r) return 0;
   FontObject* f = Resolve(font_);
-  std::string shown;
-  int mark = -1;
-  if (format & DT_NOPREFIX)
-    shown = text;
-  else
-    mark = StripMnemonic(text, &shown);
-  shown = ValidUtf8(shown);
-  if (format & DT_HIDEPREFIX) mark = -1;
+  const MnemonicText plain = StripMnemonics(text, (format & DT_NOPREFIX) == 0);
+  const std::string& shown = plain.text;
+  const int mark = (format & DT_HIDEPREFIX) ? -1 : plain.underline_start;
+  const int mark_end = plain.underline_end;
 
   PangoLayout* layout = pango_cairo_create_layout(cr_);
   PrepareLayoutContext(cr_, layout);
@@ -127,7 +102,7 @@ int Dc::DrawText(const std::string& text, Rect* r, unsigned format) {
     PangoAttribute* u = pango_attr_underline_new(PANGO_UNDERLINE_SINGLE);
     if (!f->lf.underline && mark < static_cast<int>(shown.size())) {
       u->start_index = static_cast<guint>(mark);
-      u->end_index = static_cast<guint>(mark + CharBytes(shown, mark));
+      u->end_index = static_cast<guint>(mark_end);
     }
     pango_attr_list_insert(attrs, u);
     pango_layout_set_attributes(layout, attrs);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <set>
 
+#include "platform/draw/text.h"
 #include "platform/ui/font_state.h"
 #include "platform/ui/screen.h"
 
@@ -78,13 +79,7 @@ void PrepareLayoutContext(cairo_t* cr, PangoLayout* layout) {
   pango_layout_context_changed(layout);
 }
 
-std::string ValidUtf8(const std::string& text) {
-  if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr)) return text;
-  gchar* fixed = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-  std::string out(fixed);
-  g_free(fixed);
-  return out;
-}
+std::string ValidUtf8(const std::string& text) { return RepairUtf8(text); }
 
 FontObject* Resolve(HFONT font) {
   if (font && LiveFonts().count(font)) return font;

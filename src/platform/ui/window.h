@@ -145,6 +145,10 @@ bool PostMessage(HWND hwnd, unsigned msg, WPARAM wparam, LPARAM lparam);
 LRESULT DefWindowProc(HWND hwnd, unsigned msg, WPARAM wparam, LPARAM lparam);
 LRESULT CallWindowProc(WNDPROC proc, HWND hwnd, unsigned msg, WPARAM wparam, LPARAM lparam);
 
+// Sounds the back end's bell (the type is the message-box icon bits, one sound for all); false
+// before a back end has started.
+bool MessageBeep(unsigned type);
+
 // ---- Timers ----------------------------------------------------------------------------------
 // Window timers post WM_TIMER (or call `proc`) every `elapse_ms` of the platform clock. Setting
 // an id again replaces the timer. Returns the id, or 0 on failure. With a null window the id is

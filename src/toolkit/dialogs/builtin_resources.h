@@ -17,14 +17,21 @@ ResourceTable& BuiltinResources();
 // False for an unknown suffix.
 bool AddDialogTemplate(ResourceTable& module, int id, const char* language, std::string_view text);
 
-// Adds every row of a table of {int id; const char* language; const char* text;} rows, as the
-// window system's compiled templates are. Returns how many joined; rows with an unknown language
-// or no text are left out.
+// Adds every row of a table of {int id; const char* language; const char* text;} rows, or of
+// the window system's compiled templates ({id, language number, tag, text}). Returns how many
+// joined; rows with an unknown language or no text are left out.
 template <class Rows>
 size_t AddDialogTemplates(ResourceTable& module, const Rows& rows) {
   size_t added = 0;
-  for (const auto& row : rows)
-    if (row.text && AddDialogTemplate(module, row.id, row.language, row.text)) ++added;
+  for (const auto& row : rows) {
+    // The window system's rows carry the file suffix as `tag` beside a numeric language.
+    const char* suffix = nullptr;
+    if constexpr (requires { row.tag; })
+      suffix = row.tag;
+    else
+      suffix = row.language;
+    if (row.text && AddDialogTemplate(module, row.id, suffix, row.text)) ++added;
+  }
   return added;
 }
 
