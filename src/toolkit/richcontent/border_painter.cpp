@@ -28,9 +28,11 @@ struct SideFrame {
   }
   // The part of `along` the mitre leaves at `depth` (pixel centre), as [from, to).
   std::pair<int, int> SpanAt(int depth) const {
+    // Rounded down on both ends, so the two sides of a corner both cover its diagonal and no
+    // gap shows between them.
     const double t = (depth + 0.5) / width;
-    const int from = static_cast<int>(std::lround(t * startInset));
-    const int to = Length() - static_cast<int>(std::lround(t * endInset));
+    const int from = static_cast<int>(std::floor(t * startInset));
+    const int to = Length() - static_cast<int>(std::floor(t * endInset));
     return {from, to};
   }
   // The device rectangle of [a0, a1) x [d0, d1) in the frame.

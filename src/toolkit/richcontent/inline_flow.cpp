@@ -26,6 +26,8 @@ bool IsOutOfFlow(const CExtRichStyleDescription& s) {
 }
 
 bool IsBreak(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "br"; }
+// Images are atomic boxes on the line whatever their display says.
+bool IsImage(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "img"; }
 
 }  // namespace
 
@@ -90,7 +92,7 @@ void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleD
 void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
   const CExtRichStyleDescription& s = *item.m_pStyle;
   int width, height;
-  if (item.m_strName == "img") {
+  if (IsImage(item)) {
     // An image without a size of its own shows as a small frame.
     const RichSides sides = OuterSidesOf(s, true);
     width = (s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength ? s.m_lengths[kWidth] : 16) + sides.Horizontal();
@@ -121,7 +123,7 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
   li.kind = 2;
   li.item = &item;
   li.afterSpace = line.pendingSpace || line.items.empty();
-  li.image = item.m_strName == "img";
+  li.image = IsImage(item);
   li.verticalAlign = s.m_enums[kVerticalAlign];
   li.box = {line.x, 0, line.x + width, height};
   line.items.push_back(li);
@@ -241,7 +243,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       m_boxes[child].box = {line.area.left, line.y, line.area.left, line.y};
       continue;
     }
-    if (display == kDisplayInline) {
+    if (display == kDisplayInline && !IsImage(*child)) {
       FlowInline(*child, line, depth + 1);
     } else if (IsBlockLevel(display)) {
       FinishLine(line, true);
@@ -314,7 +316,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     if (display == kDisplayNone || IsOutOfFlow(*child->m_pStyle)) continue;
     if (IsBreak(*child)) {
       sums.EndRun();
-    } else if (display == kDisplayInline) {
+    } else if (display == kDisplayInline && !IsImage(*child)) {
       work.insert(work.end(), child->m_children.rbegin(), child->m_children.rend());
     } else {
       MeasureItem(*child);
@@ -347,7 +349,14 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
       mins[cell.column] = std::max(mins[cell.column], m_boxes[cell.item].measuredMin);
       prefs[cell.column] = std::max(prefs[cell.column], m_boxes[cell.item].measuredWidth);
     }
-    const int gaps = (table.ColumnCount() + 1) * std::max(0, s.m_lengths[kBorderSpacingX]);
+    const int spacing = s.m_enums[kBorderCollapse] == 0 ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
+    for (const TableCell& cell : table.m_cells) {
+      if (cell.span.m_nColSpan == 1) continue;
+      const int count = std::min(cell.span.m_nColSpan, table.ColumnCount() - cell.column);
+      SpreadSpanned(mins, cell.column, count, m_boxes[cell.item].measuredMin - spacing * (count - 1));
+      SpreadSpanned(prefs, cell.column, count, m_boxes[cell.item].measuredWidth - spacing * (count - 1));
+    }
+    const int gaps = (table.ColumnCount() + 1) * spacing;
     sums.minimum = gaps;
     sums.preferred = gaps;
     for (size_t c = 0; c < mins.size(); ++c) {

@@ -54,6 +54,14 @@ void FillRound(platform::DrawTarget& target, const RichRect& r, uint32_t colour,
   }
 }
 
+// Lays `colour` over `r` with a constant alpha (a fill would replace what is below).
+void BlendColour(platform::DrawTarget& target, const RichRect& r, uint32_t colour, uint8_t alpha) {
+  const uint8_t pixel[4] = {static_cast<uint8_t>((colour >> 16) & 0xFF), static_cast<uint8_t>((colour >> 8) & 0xFF),
+                            static_cast<uint8_t>(colour & 0xFF), 0xFF};
+  std::unique_ptr<platform::DeviceImage> image = platform::DeviceImage::Create({pixel, 1, 1, 4, false});
+  if (image) target.AlphaBlend(*image, ToDraw(r), {0, 0, 1, 1}, alpha);
+}
+
 // Copies `source` onto `target` at (x, y) turned clockwise by `rotation` degrees.
 void BlendTurned(const platform::DrawTarget& source, platform::DrawTarget& target, int x, int y, int rotation) {
   const int w = source.width(), h = source.height();
@@ -264,8 +272,11 @@ void RichContentPainter::PaintScrollBars(const CExtRichContentItem& item, const 
     ScrollBarParts p = ScrollBarPartsOf(b, vertical);
     if (p.bar.IsEmpty()) continue;
     for (RichRect* r : {&p.bar, &p.arrowLow, &p.arrowHigh, &p.thumb}) r->Offset(dx, dy);
-    // The light pop-over bar lets the content show through its track.
-    m_target->FillRect(ToDraw(p.bar), type == kScrollBarPopOverLight ? 0x60D8D8D8u : 0xFFF0F0F0u);
+    // The light pop-over bar lets the content show through its track (constant alpha 96).
+    if (type == kScrollBarPopOverLight)
+      BlendColour(*m_target, p.bar, 0xD8D8D8u, 96);
+    else
+      m_target->FillRect(ToDraw(p.bar), 0xFFF0F0F0u);
     m_target->FillRect(ToDraw(p.arrowLow), 0xFFC8C8C8u);
     m_target->FillRect(ToDraw(p.arrowHigh), 0xFFC8C8C8u);
     m_target->FillRect(ToDraw(p.thumb), 0xFF909090u);
