@@ -37,5 +37,6 @@ int RunMarkup(Args& args);
 int RunThemeSheet(Args& args);
 int RunGrid(Args& args);
 int RunUiDemo(Args& args);
+int RunRender(Args& args);
 
 }  // namespace qmkscan

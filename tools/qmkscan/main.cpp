@@ -49,6 +49,8 @@ constexpr Command kCommands[] = {
     {"grid", "FILE|-", "run a grid script (cells, joins, sort orders, inserts and removals, a sort); print the grid", RunGrid},
     {"ui-demo", "[--png FILE]",
      "the sample dialog with every plain control, live, or drawn to a PNG file", RunUiDemo},
+    {"render", "FILE --png OUT [--width W] [--css FILE] [--hit X,Y]",
+     "lay out and paint a rich content document to a PNG, or print the item under a point", RunRender},
 };
 
 void PrintHelp(std::FILE* out) {
