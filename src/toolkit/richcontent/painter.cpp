@@ -158,7 +158,9 @@ void RichContentPainter::PaintItem(CExtRichContentItem& item, int dx, int dy) {
     if (b && !b->box.IsEmpty()) {
       RichRect r = b->box;
       r.Offset(dx, dy);
-      PaintWord(item, r);
+      // Words off the target cost a text layout each for nothing: a long document is painted a
+      // page at a time.
+      if (r.right > 0 && r.bottom > 0 && r.left < m_target->width() && r.top < m_target->height()) PaintWord(item, r);
     }
     return;
   }
