@@ -163,6 +163,24 @@ TEST(Flow, ScrollingBoxes) {
   EXPECT_FALSE(h->barV || h->barH);
 }
 
+TEST(Flow, DockedChildrenTakeTheSidesInOrder) {
+  LaidOut d(Page("<div style=\"height: 100px\">"
+                 "<div id=t style=\"display: ui-dock; ui-dock: top; height: 10px\"></div>"
+                 "<div id=r style=\"display: ui-dock; ui-dock: right; width: 20px\"></div>"
+                 "<div id=b style=\"display: ui-dock; ui-dock: bottom; height: 10px\"></div>"
+                 "<div id=f style=\"display: ui-dock; ui-dock: fill\"></div>"
+                 "<div id=l style=\"display: ui-dock; ui-dock: pre-left; width: 30px\"></div>ww</div>"));
+  const struct {
+    const char* id;
+    RichRect box;
+  } kCases[] = {{"l", {0, 0, 30, 100}},    // a "pre-" side goes first: the whole height
+                {"t", {30, 0, 200, 10}},   {"r", {180, 10, 200, 100}},
+                {"b", {30, 90, 180, 100}}, {"f", {30, 10, 180, 90}}};
+  for (const auto& c : kCases) EXPECT_EQ(d.Box(d.ById(c.id)), c.box) << c.id;
+  EXPECT_EQ(d.WordBox("ww").left, 30);
+  EXPECT_EQ(d.WordBox("ww").top, 10);
+}
+
 TEST(Flow, TurnedDocumentsUseTheTurnedPage) {
   LaidOut upright(Page("<p id=p>aa</p>"), 300, 0);
   LaidOut turned(Page("<p id=p>aa</p>"), 300, 90);  // the client is 300 x 1000

@@ -49,7 +49,7 @@ TEST_P(RenderDocuments, MatchesItsReference) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, RenderDocuments,
-                         ::testing::Values("flow", "borders", "tables", "lists", "scrolling", "rotated_90"));
+                         ::testing::Values("flow", "borders", "tables", "lists", "scrolling", "docked", "rotated_90"));
 
 }  // namespace
 }  // namespace qmk::toolkit::richcontent

@@ -149,8 +149,9 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
   b.box = {x, y, x + outer, y};
   b.content = {x + sides.left, y + sides.top, x + sides.left + contentWidth, y + sides.top};
   b.barH = b.barV = false;
-  int contentHeight = FlowChildren(item, b.content);
-  int height = IsSet(s.m_lengths[kHeight]) && s.m_percents[kHeight] <= 0 ? s.m_lengths[kHeight] : contentHeight;
+  const bool fixedHeight = IsSet(s.m_lengths[kHeight]) && s.m_percents[kHeight] <= 0;
+  int contentHeight = DockAndFlow(item, b.content, fixedHeight ? s.m_lengths[kHeight] : -1);
+  int height = fixedHeight ? s.m_lengths[kHeight] : contentHeight;
   if (s.m_lengths[kMinHeight] > 0) height = std::max(height, s.m_lengths[kMinHeight]);
   if (s.m_lengths[kMaxHeight] >= 0) height = std::min(height, s.m_lengths[kMaxHeight]);
   RichItemBox& again = m_boxes[&item];  // children may have grown the map
@@ -161,7 +162,7 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
     // The vertical bar took its room from the content: the children flow again, narrower.
     RichRect narrower = again.content;
     narrower.bottom = narrower.top;
-    const int narrowHeight = FlowChildren(item, narrower);
+    const int narrowHeight = DockAndFlow(item, narrower, again.content.Height());
     RichItemBox& after = m_boxes[&item];
     after.extentHeight = narrowHeight;
     after.scrollY = std::clamp(after.scrollY, 0, std::max(0, narrowHeight - after.content.Height()));
@@ -192,6 +193,55 @@ void RichDocumentLayout::ApplyScrolling(CExtRichContentItem& item, RichItemBox& 
   if (h) box.content.bottom = std::max(box.content.top, box.content.bottom - kScrollBarSize);
   box.scrollX = std::clamp(box.scrollX, 0, std::max(0, box.extentWidth - box.content.Width()));
   box.scrollY = std::clamp(box.scrollY, 0, std::max(0, box.extentHeight - box.content.Height()));
+}
+
+int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& content, int height) {
+  std::vector<CExtRichContentItem*> docked;
+  for (CExtRichContentItem* child : item.m_children)
+    if (child->m_nKind == kKindTag && DisplayOf(*child) == kDisplayDock) docked.push_back(child);
+  if (docked.empty()) return FlowChildren(item, content);
+  // The "pre-" sides take their room first, then the other sides, then the fill children share
+  // what is left; the ordinary flow goes into that rest as well.
+  RichRect rest = content;
+  rest.bottom = height >= 0 ? content.top + height : content.top;
+  int lowest = content.top;
+  std::vector<CExtRichContentItem*> bottoms;
+  auto dockOf = [](const CExtRichContentItem* child) { return child->m_pStyle->m_enums[kDockPosition]; };
+  for (bool pre : {true, false})
+    for (CExtRichContentItem* child : docked) {
+      const int dock = dockOf(child);
+      if (dock < 1 || dock > 8 || (dock % 2 == 0) != pre) continue;
+      const int side = (dock - 1) / 2;  // 0 top, 1 bottom, 2 left, 3 right
+      if (side == 1 && height < 0) {
+        bottoms.push_back(child);  // placed under the flow when the height is not known
+        continue;
+      }
+      const int width = side >= 2 ? WidthFor(*child, rest.Width(), true) : rest.Width();
+      const int h = ArrangeItem(*child, side == 3 ? rest.right - width : rest.left, rest.top, width);
+      RichItemBox& b = m_boxes[child];
+      if (side == 0) rest.top += h;
+      if (side == 1) {
+        OffsetItem(*child, 0, rest.bottom - h - rest.top);
+        rest.bottom -= h;
+      }
+      if (side >= 2 && height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
+      if (side == 2) rest.left += b.box.Width();
+      if (side == 3) rest.right -= b.box.Width();
+      lowest = std::max(lowest, m_boxes[child].box.bottom);
+    }
+  for (CExtRichContentItem* child : docked) {
+    const int dock = dockOf(child);
+    if (dock >= 1 && dock <= 8) continue;
+    ArrangeItem(*child, rest.left, rest.top, std::max(0, rest.Width()));
+    RichItemBox& b = m_boxes[child];
+    if (height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
+    lowest = std::max(lowest, b.box.bottom);
+  }
+  RichRect flow = rest;
+  flow.bottom = flow.top;
+  int bottom = std::max(lowest, rest.top + FlowChildren(item, flow));
+  for (CExtRichContentItem* child : bottoms) bottom += ArrangeItem(*child, content.left, bottom, content.Width());
+  return bottom - content.top;
 }
 
 bool RichDocumentLayout::ScrollTo(CExtRichContentItem& item, int x, int y) {

@@ -75,6 +75,9 @@ class RichDocumentLayout {
   int ArrangeBlock(CExtRichContentItem& item, int x, int y, int width);
   int ArrangeTable(CExtRichContentItem& table, int x, int y, int width);
   int FlowChildren(CExtRichContentItem& item, const RichRect& content);
+  // Places the docked children at the sides of `content` (`height` -1 when not fixed), then
+  // flows the others in what is left. Returns the content height used.
+  int DockAndFlow(CExtRichContentItem& item, const RichRect& content, int height);
   void FlowInline(CExtRichContentItem& element, LineState& line, int depth);
   void MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred);
   void AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& style, LineState& line);

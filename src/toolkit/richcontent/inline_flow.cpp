@@ -230,6 +230,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       m_boxes[child].box = {};
       continue;
     }
+    if (display == kDisplayDock) continue;  // placed by DockAndFlow
     if (IsOutOfFlow(*child->m_pStyle)) {
       FinishLine(line, true);
       // A box that flows twice (for its scroll bar) meets its out-of-flow children twice.
