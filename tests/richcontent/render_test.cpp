@@ -8,6 +8,7 @@
 #include <iterator>
 #include <string>
 
+#include "platform/draw/text.h"
 #include "toolkit/richcontent/render.h"
 #include "ui_controls/picture_compare.h"
 
@@ -26,6 +27,14 @@ std::string ReadText(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
+
+// The font map and fontconfig caches live as long as the process; freeing them at the end keeps
+// the leak checker of sanitized runs quiet about them.
+class FontCacheRelease : public ::testing::Environment {
+ public:
+  void TearDown() override { platform::ReleaseFontCaches(); }
+};
+::testing::Environment* const kFontCacheRelease = ::testing::AddGlobalTestEnvironment(new FontCacheRelease);
 
 class RenderDocuments : public ::testing::TestWithParam<const char*> {};
 
