@@ -43,5 +43,6 @@ int RunMsgBox(Args& args);
 void PrintThemeList();
 // Selects the theme of "--theme ID" when given; false (with a message) for a bad id.
 bool SelectThemeOption(Args& args, const char* command);
+int RunRender(Args& args);
 
 }  // namespace qmkscan

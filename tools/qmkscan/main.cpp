@@ -54,6 +54,8 @@ constexpr Command kCommands[] = {
     {"themes", "", "list the theme ids and their classes", RunThemes},
     {"msgbox", "TEXT [--buttons SET] [--theme ID] [--png FILE]",
      "show a message box and print the pressed button's id, or draw it to a PNG file", RunMsgBox},
+    {"render", "FILE --png OUT [--width W] [--css FILE] [--hit X,Y]",
+     "lay out and paint a rich content document to a PNG, or print the item under a point", RunRender},
 };
 
 void PrintHelp(std::FILE* out) {

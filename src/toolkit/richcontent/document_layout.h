@@ -1,0 +1,109 @@
+// document_layout.h: RichDocumentLayout, the boxes of a parsed rich content document: the
+// whole-document pass, measuring, block and inline flow with line breaking, tables, list
+// markers, scrolling boxes and out-of-flow items.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "toolkit/richcontent/box_model.h"
+#include "toolkit/richcontent/layout.h"
+#include "toolkit/richcontent/line_finish.h"
+#include "toolkit/richcontent/table_layout.h"
+#include "toolkit/richcontent/text_measure.h"
+
+namespace qmk::toolkit::richcontent {
+
+// Values of "display" the layout tells apart.
+enum Display : int {
+  kDisplayNone = 0, kDisplayBlock = 1, kDisplayInline = 2, kDisplayInlineBlock = 3,
+  kDisplayInlineTable = 4, kDisplayListItem = 5, kDisplayTable = 7, kDisplayTableCell = 9,
+  kDisplayTableRow = 14, kDisplayDock = 16
+};
+
+// What the layout keeps per item.
+struct RichItemBox {
+  RichRect box;             // the outer box: margin included
+  RichRect content;         // inside the padding
+  int measuredMin = 0, measuredWidth = 0;  // narrowest and preferred outer widths
+  bool measured = false;
+  std::string marker;       // a list item's marker text
+  int markerType = 0;       // its list-style-type
+  RichRect markerBox;
+  int scrollX = 0, scrollY = 0;        // the scroll position of a scrolling box
+  int extentWidth = 0, extentHeight = 0;  // the size of its content
+  bool barH = false, barV = false;     // scroll bars shown
+};
+
+class RichDocumentLayout {
+ public:
+  // `measurer` null uses pango.
+  explicit RichDocumentLayout(CExtRichContentLayout& document, RichTextMeasurer* measurer = nullptr);
+  ~RichDocumentLayout();
+
+  // Lays the whole document out in `client` (its width is the page width).
+  void LayoutTree(const RichRect& client);
+  // Styles for every item, from a root style made from `font`.
+  void ComputeTree(const CExtRichFontDescription& font);
+  // The narrowest and preferred outer widths of an item.
+  void MeasureItem(CExtRichContentItem& item);
+  // Lays out an item's box at (x, y) with `width` pixels for its outer box. Returns the outer
+  // height.
+  int ArrangeItem(CExtRichContentItem& item, int x, int y, int width);
+  // Moves a box, and with `recursive` everything inside it.
+  void OffsetItem(CExtRichContentItem& item, int dx, int dy, bool recursive = true);
+
+  const RichItemBox* BoxOf(const CExtRichContentItem* item) const;
+  RichItemBox* BoxOf(const CExtRichContentItem* item);
+  const CExtRichTableLayout* TableOf(const CExtRichContentItem* item) const;
+  CExtRichContentLayout& Document() { return m_document; }
+  const RichRect& Client() const { return m_client; }
+  // The height of everything laid out (the root's box bottom).
+  int DocumentHeight() const;
+  const std::vector<CExtRichContentItem*>& OutOfFlow() const { return m_outOfFlow; }
+  // Sets the scroll position of a scrolling item, clamped to its extent; false when unchanged.
+  bool ScrollTo(CExtRichContentItem& item, int x, int y);
+
+  static int DisplayOf(const CExtRichContentItem& item);
+  static bool IsBlockLevel(int display);
+  static constexpr int kScrollBarSize = 12;
+
+ private:
+  struct LineState;
+  int ArrangeBlock(CExtRichContentItem& item, int x, int y, int width);
+  int ArrangeTable(CExtRichContentItem& table, int x, int y, int width);
+  int FlowChildren(CExtRichContentItem& item, const RichRect& content);
+  // Places the docked children at the sides of `content` (`height` -1 when not fixed), then
+  // flows the others in what is left. Returns the content height used.
+  int DockAndFlow(CExtRichContentItem& item, const RichRect& content, int height);
+  void FlowInline(CExtRichContentItem& element, LineState& line, int depth);
+  void MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred);
+  void AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& style, LineState& line);
+  void AddAtomic(CExtRichContentItem& item, LineState& line);
+  void FinishLine(LineState& line, bool lastOfBlock);
+  void PlaceMarker(CExtRichContentItem& item, int number);
+  void UniteInlineBoxes(const std::vector<CExtRichContentItem*>& inlines);
+  void ApplyScrolling(CExtRichContentItem& item, RichItemBox& box, int contentHeight);
+  void ArrangeOutOfFlow(CExtRichContentItem& item);
+  int WidthFor(const CExtRichContentItem& item, int available, bool shrink);
+
+  CExtRichContentLayout& m_document;
+  std::unique_ptr<RichTextMeasurer> m_ownMeasurer;
+  RichTextMeasurer* m_measurer;
+  std::unordered_map<const CExtRichContentItem*, RichItemBox> m_boxes;
+  std::unordered_map<const CExtRichContentItem*, std::unique_ptr<CExtRichTableLayout>> m_tables;
+  std::vector<CExtRichContentItem*> m_outOfFlow;
+  // Where an out-of-flow item was met: its parent's content box and the flow's height there.
+  struct OutOfFlowPlace {
+    RichRect area;
+    int staticY = 0;
+  };
+  std::unordered_map<const CExtRichContentItem*, OutOfFlowPlace> m_containers;
+  RichRect m_client;
+  CExtRichStyleDescription m_rootStyle;
+  int m_depth = 0;
+};
+
+}  // namespace qmk::toolkit::richcontent

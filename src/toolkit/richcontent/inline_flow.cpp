@@ -1,0 +1,374 @@
+// inline_flow.cpp: the flow of one block's children: lines of words, spaces and inline boxes
+// broken at spaces, finished by alignment and justification; block children stacked between
+// lines; list markers; and the measuring pass that gives narrowest and preferred widths.
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "toolkit/richcontent/document_layout.h"
+
+namespace qmk::toolkit::richcontent {
+namespace {
+
+constexpr int kAlignCenter = 1, kAlignRight = 2, kAlignJustify = 3, kAlignJustifyAll = 4;
+constexpr int kWhiteNoWrap = 1, kWhitePre = 2;
+// Nesting deeper than this is left out of the flow and the measure rather than exhausting the stack.
+constexpr int kMaxInlineDepth = 200;
+
+const CExtRichStyleDescription* TextStyleOf(const CExtRichContentItem& item) {
+  for (const CExtRichContentItem* at = &item; at; at = at->m_pParent)
+    if (at->m_pStyle) return at->m_pStyle.get();
+  return nullptr;
+}
+
+bool IsOutOfFlow(const CExtRichStyleDescription& s) {
+  return s.m_enums[kPosition] == 0 || s.m_enums[kPosition] == 1 || s.m_enums[kFloat] == 0 || s.m_enums[kFloat] == 1;
+}
+
+bool IsBreak(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "br"; }
+// Images are atomic boxes on the line whatever their display says.
+bool IsImage(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "img"; }
+
+}  // namespace
+
+struct RichDocumentLayout::LineState {
+  RichRect area;
+  int y = 0, x = 0;
+  int indent = 0;
+  bool firstLine = true;
+  int textAlign = 0, whiteSpace = 0;
+  std::vector<LineItem> items;
+  bool pendingSpace = false;
+  CExtRichContentItem* spaceItem = nullptr;
+  const CExtRichStyleDescription* spaceStyle = nullptr;
+  int listNumber = 0;
+  std::vector<CExtRichContentItem*> inlines;
+
+  bool Wraps() const { return whiteSpace != kWhiteNoWrap && whiteSpace != kWhitePre; }
+  int LineLeft() const { return area.left + (firstLine ? indent : 0); }
+};
+
+namespace {
+
+// The height a word of this style takes on its line.
+int WordHeight(const CExtRichStyleDescription& s, int measured) {
+  if (s.m_nLineHeight > 0) return s.m_nLineHeight;
+  return static_cast<int>(std::lround(measured * s.m_lfLineHeightFactor));
+}
+
+}  // namespace
+
+void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& s, LineState& line) {
+  const RichTextSize size = m_measurer->Measure(word.m_strName, s.m_font);
+  int spaceWidth = 0;
+  if (line.pendingSpace && !line.items.empty()) {
+    const std::string spaces = line.whiteSpace == kWhitePre ? line.spaceItem->m_strName : " ";
+    spaceWidth = m_measurer->Measure(spaces, line.spaceStyle->m_font).width + s.m_lengths[kWordSpacing];
+  }
+  if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
+    FinishLine(line, false);
+    spaceWidth = 0;
+  }
+  const bool afterSpace = line.pendingSpace || line.items.empty();
+  if (spaceWidth > 0) {
+    LineItem space;
+    space.kind = 1;
+    space.item = line.spaceItem;
+    space.box = {line.x, 0, line.x + spaceWidth, WordHeight(*line.spaceStyle, size.height)};
+    line.items.push_back(space);
+    line.x += spaceWidth;
+  }
+  line.pendingSpace = false;
+  LineItem li;
+  li.kind = word.m_nKind == kKindWord ? 0 : 2;
+  li.item = &word;
+  li.afterSpace = afterSpace;
+  li.hidden = s.m_enums[kVisibility] != 0;
+  li.box = {line.x, 0, line.x + size.width, WordHeight(s, size.height)};
+  line.items.push_back(li);
+  line.x += size.width;
+}
+
+void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
+  const CExtRichStyleDescription& s = *item.m_pStyle;
+  int width, height;
+  if (IsImage(item)) {
+    // An image without a size of its own shows as a small frame.
+    const RichSides sides = OuterSidesOf(s, true);
+    width = (s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength ? s.m_lengths[kWidth] : 16) + sides.Horizontal();
+    height = (s.m_lengths[kHeight] >= 0 && s.m_lengths[kHeight] != kAutoLength ? s.m_lengths[kHeight] : 16) + sides.Vertical();
+    RichItemBox& b = m_boxes[&item];
+    b.box = {0, 0, width, height};
+    b.content = Deflate(b.box, sides);
+  } else {
+    MeasureItem(item);
+    width = WidthFor(item, line.area.Width(), true);
+    height = ArrangeItem(item, 0, 0, width);
+    width = m_boxes[&item].box.Width();
+  }
+  int spaceWidth = line.pendingSpace && !line.items.empty() ? m_measurer->Measure(" ", line.spaceStyle->m_font).width : 0;
+  if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + width > line.area.right) {
+    FinishLine(line, false);
+    spaceWidth = 0;
+  }
+  if (spaceWidth > 0) {
+    LineItem space;
+    space.kind = 1;
+    space.item = line.spaceItem;
+    space.box = {line.x, 0, line.x + spaceWidth, m_measurer->Measure(" ", line.spaceStyle->m_font).height};
+    line.items.push_back(space);
+    line.x += spaceWidth;
+  }
+  LineItem li;
+  li.kind = 2;
+  li.item = &item;
+  li.afterSpace = line.pendingSpace || line.items.empty();
+  li.image = IsImage(item);
+  li.verticalAlign = s.m_enums[kVerticalAlign];
+  li.box = {line.x, 0, line.x + width, height};
+  line.items.push_back(li);
+  line.x += width;
+  line.pendingSpace = false;
+}
+
+void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
+  line.pendingSpace = false;
+  while (!line.items.empty() && line.items.back().kind == 1) {
+    m_boxes[line.items.back().item].box = {};
+    line.items.pop_back();
+  }
+  if (line.items.empty()) return;
+  int height = 0;
+  for (const LineItem& i : line.items) height = std::max(height, i.box.Height());
+  for (LineItem& i : line.items) {
+    const int h = i.box.Height();
+    i.box.top = line.y + height - h;
+    i.box.bottom = i.box.top + h;
+  }
+  int contentRight = line.items.front().box.left;
+  for (const LineItem& i : line.items) contentRight = std::max(contentRight, i.box.right);
+  const int free = line.area.right - contentRight;
+  if (line.textAlign == kAlignCenter && free > 0) ShiftLine(line.items, free / 2);
+  if (line.textAlign == kAlignRight && free > 0) ShiftLine(line.items, free);
+  // "justify" leaves the last line of a block as it is; "justifywithlastline" does not.
+  if (line.textAlign == kAlignJustifyAll || (line.textAlign == kAlignJustify && !lastOfBlock))
+    JustifyLine(line.items, line.area.right);
+  const int needed = AlignLine(line.items, height);
+  if (needed > height) height = needed;
+  for (const LineItem& i : line.items) {
+    RichItemBox& b = m_boxes[i.item];
+    if (i.kind == 2 && i.item->m_nKind == kKindTag) {
+      OffsetItem(*i.item, i.box.left - b.box.left, i.box.top - b.box.top);
+    } else {
+      b.box = b.content = i.box;
+    }
+  }
+  line.items.clear();
+  line.y += height;
+  line.firstLine = false;
+  line.x = line.LineLeft();
+}
+
+void RichDocumentLayout::PlaceMarker(CExtRichContentItem& item, int number) {
+  RichItemBox& b = m_boxes[&item];
+  const CExtRichStyleDescription& s = *item.m_pStyle;
+  b.markerType = s.m_enums[kListType];
+  b.marker = ListMarkerText(b.markerType, number, true);
+  const RichTextSize size = m_measurer->Measure(b.marker.empty() ? "M" : b.marker, s.m_font);
+  int top = b.content.top;
+  for (const CExtRichContentItem* child : item.m_children)
+    if (const RichItemBox* c = BoxOf(child); c && !c->box.IsEmpty()) {
+      top = c->box.top;
+      break;
+    }
+  if (b.marker.empty()) {
+    // Bullets are drawn: a square a third of the text height, centred on the first line.
+    const int side = std::max(4, size.height / 3);
+    const int right = b.content.left - side;
+    b.markerBox = {right - side, top + (size.height - side) / 2, right, top + (size.height - side) / 2 + side};
+  } else {
+    b.markerBox = {b.content.left - size.width, top, b.content.left, top + size.height};
+  }
+}
+
+void RichDocumentLayout::UniteInlineBoxes(const std::vector<CExtRichContentItem*>& inlines) {
+  // Inner elements were listed after their parents, so walking backwards unites them first.
+  for (auto at = inlines.rbegin(); at != inlines.rend(); ++at) {
+    RichRect all{};
+    bool any = false;
+    for (const CExtRichContentItem* child : (*at)->m_children) {
+      const RichItemBox* c = BoxOf(child);
+      if (!c || c->box.IsEmpty()) continue;
+      if (!any) all = c->box;
+      all = {std::min(all.left, c->box.left), std::min(all.top, c->box.top),
+             std::max(all.right, c->box.right), std::max(all.bottom, c->box.bottom)};
+      any = true;
+    }
+    m_boxes[*at].box = m_boxes[*at].content = all;
+  }
+}
+
+void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& line, int depth) {
+  const CExtRichStyleDescription* own = TextStyleOf(element);
+  if (!own || depth > kMaxInlineDepth) return;
+  if (depth > 0) line.inlines.push_back(&element);
+  for (CExtRichContentItem* child : element.m_children) {
+    if (child->m_nKind == kKindWord) {
+      AddWord(*child, *own, line);
+      continue;
+    }
+    if (child->m_nKind == kKindSpace) {
+      m_boxes[child].box = {};
+      line.pendingSpace = true;
+      line.spaceItem = child;
+      line.spaceStyle = own;
+      continue;
+    }
+    if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
+    const int display = DisplayOf(*child);
+    if (display == kDisplayNone) {
+      m_boxes[child].box = {};
+      continue;
+    }
+    if (display == kDisplayDock) continue;  // placed by DockAndFlow
+    if (IsOutOfFlow(*child->m_pStyle)) {
+      FinishLine(line, true);
+      // A box that flows twice (for its scroll bar) meets its out-of-flow children twice.
+      if (std::find(m_outOfFlow.begin(), m_outOfFlow.end(), child) == m_outOfFlow.end()) m_outOfFlow.push_back(child);
+      m_containers[child] = {line.area, line.y};
+      continue;
+    }
+    if (IsBreak(*child)) {
+      if (line.items.empty()) line.y += WordHeight(*child->m_pStyle, m_measurer->Measure("M", child->m_pStyle->m_font).height);
+      FinishLine(line, true);
+      m_boxes[child].box = {line.area.left, line.y, line.area.left, line.y};
+      continue;
+    }
+    if (display == kDisplayInline && !IsImage(*child)) {
+      FlowInline(*child, line, depth + 1);
+    } else if (IsBlockLevel(display)) {
+      FinishLine(line, true);
+      line.y += ArrangeItem(*child, line.area.left, line.y, line.area.Width());
+      if (display == kDisplayListItem) {
+        const CExtRichContentItem* value = child->FindAttribute("value");
+        if (value) line.listNumber = std::atoi(value->m_strRaw.c_str()) - 1;
+        PlaceMarker(*child, ++line.listNumber);
+      }
+      line.firstLine = true;
+      line.x = line.LineLeft();
+    } else {
+      AddAtomic(*child, line);
+    }
+  }
+}
+
+int RichDocumentLayout::FlowChildren(CExtRichContentItem& item, const RichRect& content) {
+  LineState line;
+  const CExtRichStyleDescription& s = *item.m_pStyle;
+  line.area = content;
+  line.y = content.top;
+  line.indent = s.m_lengths[kTextIndent];
+  line.textAlign = s.m_enums[kTextAlign];
+  line.whiteSpace = s.m_enums[kWhiteSpace];
+  line.x = line.LineLeft();
+  FlowInline(item, line, 0);
+  FinishLine(line, true);
+  UniteInlineBoxes(line.inlines);
+  return line.y - content.top;
+}
+
+namespace {
+
+struct WidthSums {
+  int run = 0, preferred = 0, minimum = 0;
+  void EndRun() {
+    preferred = std::max(preferred, run);
+    run = 0;
+  }
+};
+
+}  // namespace
+
+void RichDocumentLayout::MeasureItem(CExtRichContentItem& item) {
+  if (m_boxes[&item].measured || m_depth >= kMaxInlineDepth) return;
+  m_boxes[&item].measured = true;
+  ++m_depth;
+  MeasureChildren(item, m_boxes[&item].measuredMin, m_boxes[&item].measuredWidth);
+  --m_depth;
+}
+
+void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred) {
+  WidthSums sums;
+  // Inline descendants add to the current run; block children end it.
+  std::vector<CExtRichContentItem*> work(item.m_children.rbegin(), item.m_children.rend());
+  while (!work.empty()) {
+    CExtRichContentItem* child = work.back();
+    work.pop_back();
+    const CExtRichStyleDescription* s = TextStyleOf(*child);
+    if (!s) continue;
+    if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
+      const int w = m_measurer->Measure(child->m_nKind == kKindWord ? child->m_strName : " ", s->m_font).width;
+      sums.run += w;
+      if (child->m_nKind == kKindWord) sums.minimum = std::max(sums.minimum, w);
+      continue;
+    }
+    if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
+    const int display = DisplayOf(*child);
+    if (display == kDisplayNone || IsOutOfFlow(*child->m_pStyle)) continue;
+    if (IsBreak(*child)) {
+      sums.EndRun();
+    } else if (display == kDisplayInline && !IsImage(*child)) {
+      work.insert(work.end(), child->m_children.rbegin(), child->m_children.rend());
+    } else {
+      MeasureItem(*child);
+      const RichItemBox& c = m_boxes[child];
+      sums.minimum = std::max(sums.minimum, c.measuredMin);
+      if (IsBlockLevel(display)) {
+        sums.EndRun();
+        sums.preferred = std::max(sums.preferred, c.measuredWidth);
+      } else {
+        sums.run += c.measuredWidth;
+      }
+    }
+  }
+  sums.EndRun();
+  if (item.m_nKind != kKindTag || !item.m_pStyle) {
+    minimum = sums.minimum;
+    preferred = sums.preferred;
+    return;
+  }
+  const CExtRichStyleDescription& s = *item.m_pStyle;
+  const int sides = OuterSidesOf(s, true).Horizontal();
+  if (const int display = DisplayOf(item); display == kDisplayTable || display == kDisplayInlineTable) {
+    // A table's widths are those of its rows side by side.
+    CExtRichTableLayout table;
+    table.Gather(item);
+    std::vector<int> mins(table.ColumnCount(), 0), prefs(table.ColumnCount(), 0);
+    for (const TableCell& cell : table.m_cells) {
+      MeasureItem(*cell.item);
+      if (cell.span.m_nColSpan != 1) continue;
+      mins[cell.column] = std::max(mins[cell.column], m_boxes[cell.item].measuredMin);
+      prefs[cell.column] = std::max(prefs[cell.column], m_boxes[cell.item].measuredWidth);
+    }
+    const int spacing = s.m_enums[kBorderCollapse] == 0 ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
+    for (const TableCell& cell : table.m_cells) {
+      if (cell.span.m_nColSpan == 1) continue;
+      const int count = std::min(cell.span.m_nColSpan, table.ColumnCount() - cell.column);
+      SpreadSpanned(mins, cell.column, count, m_boxes[cell.item].measuredMin - spacing * (count - 1));
+      SpreadSpanned(prefs, cell.column, count, m_boxes[cell.item].measuredWidth - spacing * (count - 1));
+    }
+    const int gaps = (table.ColumnCount() + 1) * spacing;
+    sums.minimum = gaps;
+    sums.preferred = gaps;
+    for (size_t c = 0; c < mins.size(); ++c) {
+      sums.minimum += mins[c];
+      sums.preferred += prefs[c];
+    }
+  }
+  if (s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength && s.m_percents[kWidth] <= 0)
+    sums.minimum = sums.preferred = s.m_lengths[kWidth];
+  minimum = sums.minimum + sides;
+  preferred = std::max(sums.preferred, sums.minimum) + sides;
+}
+
+}  // namespace qmk::toolkit::richcontent
