@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/settings/names.h"
+#include "platform/text.h"
 #include "platform/settings/profile_file.h"
 
 namespace {
 
-using qmk::platform::EqualsIgnoringCase;
+using qmk::platform::EqualsNoCase;
 
 bool Holds(const std::vector<std::string>& names, const std::string& name) {
   for (const std::string& n : names)
-    if (EqualsIgnoringCase(n, name)) return true;
+    if (EqualsNoCase(n, name)) return true;
   return false;
 }
 
