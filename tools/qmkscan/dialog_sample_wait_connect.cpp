@@ -27,7 +27,8 @@ class LiveNotice : public qmk::frame::CModelessInfoDlg {
 
 class NoticeSample : public DialogSample {
  public:
-  NoticeSample(std::string text, bool show_cancel) : dialog_(std::move(text), show_cancel, nullptr) {}
+  NoticeSample(std::string text, bool show_cancel)
+      : dialog_(std::move(text), show_cancel, nullptr) {}
   qmk::toolkit::CExtResDlg& Dialog() override { return dialog_; }
   int TemplateId() const override { return qmk::frame::kInfoDialogTemplate; }
   void PrintResult(intptr_t) override {
