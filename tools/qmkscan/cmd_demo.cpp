@@ -3,8 +3,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "commands.h"
+#include "dialog_samples.h"
 #include "qmk/QmkLinkSim.h"
 #include "qmk/QmkScan.h"
 #include "scan_job.h"
@@ -109,7 +111,12 @@ int RunDemo(Args& args) {
   std::printf("Summary: %d sheets read, %d rejected, %d taken out after a jam, %d faults answered, "
               "in %.2f s.\n",
               summary.read, summary.rejected, summary.jammed, summary.faults, summary.seconds);
-  return 0;
+  // The dialog a person at a display would have answered the faults in, drawn beside the data.
+  const std::string picture =
+      std::filesystem::path(scan.out).replace_extension().string() + "-scan-error.png";
+  std::printf("The scan error dialog that asks about each fault at a display: ");
+  std::fflush(stdout);
+  return RenderDialogSample("scan-error", picture);
 }
 
 }  // namespace qmkscan

@@ -22,6 +22,9 @@ using namespace qmk::platform::ui;
 // One row per dialog; the rows stay in the order `qmkscan dialog --list` prints them.
 const DialogSampleEntry kDialogs[] = {
     {"sample", "the sample dialog with one of every control", MakeSampleDialog},
+    {"scan-error", "the faults of a failed sheet: read it again or stop", MakeScanErrorSample},
+    {"wait-connect", "the notice while a scanner connects", MakeWaitConnectSample},
+    {"wait-lamp", "the lamp warm-up countdown with its Cancel button", MakeWaitLampSample},
 };
 
 const DialogSampleEntry* FindDialog(const std::string& name) {
@@ -86,6 +89,14 @@ int RunDialog(Args& args) {
   qmk::toolkit::InstallToolkitSeams();
   auto sample = entry->make();
   return png ? Render(*sample, *png) : RunLive(*sample);
+}
+
+int RenderDialogSample(const char* name, const std::string& png) {
+  const DialogSampleEntry* entry = FindDialog(name);
+  if (!entry || !InstallBackend(MakeHeadlessBackend().release())) return 1;
+  qmk::toolkit::InstallToolkitSeams();
+  auto sample = entry->make();
+  return Render(*sample, png);
 }
 
 }  // namespace qmkscan

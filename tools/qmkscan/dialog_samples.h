@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "toolkit/dialogs/res_dlg.h"
 
@@ -31,5 +32,12 @@ struct DialogSampleEntry {
 
 // The sample dialog (every plain control) on the library's dialog base.
 std::unique_ptr<DialogSample> MakeSampleDialog();
+std::unique_ptr<DialogSample> MakeScanErrorSample();
+std::unique_ptr<DialogSample> MakeWaitConnectSample();
+std::unique_ptr<DialogSample> MakeWaitLampSample();
+// A wait notice with its text, and Cancel when asked; Cancel or closing it ends a live run.
+std::unique_ptr<DialogSample> MakeNoticeSample(std::string text, bool show_cancel);
+// Draws the named dialog with its sample data to a PNG on the headless back end; 0 when written.
+int RenderDialogSample(const char* name, const std::string& png);
 
 }  // namespace qmkscan
