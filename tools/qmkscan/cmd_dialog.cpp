@@ -22,6 +22,10 @@ using namespace qmk::platform::ui;
 // One row per dialog; the rows stay in the order `qmkscan dialog --list` prints them.
 const DialogSampleEntry kDialogs[] = {
     {"sample", "the sample dialog with one of every control", MakeSampleDialog},
+    {"scan-options", "the scanning options dialog with its two pages", MakeScanOptionsDialog},
+    {"auto-name", "the automatic file naming dialog", MakeAutoNameDialog},
+    {"conversion", "the conversion options dialog", MakeConversionDialog},
+    {"edit", "the edit options dialog", MakeEditDialog},
 };
 
 const DialogSampleEntry* FindDialog(const std::string& name) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "qmk/QmkScan.h"
 #include "toolkit/dialogs/res_dlg.h"
 
 namespace qmkscan {
@@ -31,5 +32,19 @@ struct DialogSampleEntry {
 
 // The sample dialog (every plain control) on the library's dialog base.
 std::unique_ptr<DialogSample> MakeSampleDialog();
+
+// The option dialogs over a sample job record (and, for scanning options, a scanner with a
+// printer, select stacker and image reading, at the named read levels).
+std::unique_ptr<DialogSample> MakeScanOptionsDialog();
+std::unique_ptr<DialogSample> MakeAutoNameDialog();
+std::unique_ptr<DialogSample> MakeConversionDialog();
+std::unique_ptr<DialogSample> MakeEditDialog();
+// The same dialogs over a given record, for `qmkscan options --png`.
+std::unique_ptr<DialogSample> MakeScanOptionsDialogOn(const build_data& record, int read_level);
+std::unique_ptr<DialogSample> MakeConversionDialogOn(const build_data& record);
+std::unique_ptr<DialogSample> MakeEditDialogOn(const build_data& record);
+// The sample job record and scanner of those dialogs.
+build_data SampleJobRecord();
+sct_config SampleScannerConfig();
 
 }  // namespace qmkscan
