@@ -156,8 +156,8 @@ TEST_P(OptionPictures, ConversionAndEditOptions) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, OptionPictures, ::testing::ValuesIn(kFamilies),
-                         [](const auto& info) {
-                           std::string name = info.param.name;
+                         [](const auto& family) {
+                           std::string name = family.param.name;
                            std::replace(name.begin(), name.end(), '-', '_');
                            return name;
                          });
