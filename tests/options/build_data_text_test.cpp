@@ -41,7 +41,7 @@ TEST(BuildDataText, NamedFieldsAreReadableAndZeroRecordNeedsNoBytes) {
   EXPECT_NE(text.find("scanDateText \"06/12/2026\"\n"), std::string::npos);
   EXPECT_NE(text.find("printPosition 12\n"), std::string::npos);
   EXPECT_NE(text.find("editMode 4\n"), std::string::npos);
-  EXPECT_EQ(text.find("bytes "), std::string::npos);
+  EXPECT_EQ(text.find("\nbytes "), std::string::npos);
 }
 
 TEST(BuildDataText, FieldsLeftOutAreZeroAndLaterLinesWin) {

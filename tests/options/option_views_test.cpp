@@ -56,19 +56,19 @@ TEST_F(OptionViewTest, ConversionScriptReachesTheModelsRecord) {
   build_data model = screen;
   QueueDialogScript(DialogScript(CConvertOptionsDialog::kIdd)
                         .Check(kIdcUseOther)
-                        .SetText(kIdcOutputFile, "night.txt")
+                        .SetText(kIdcOutputFile, "/out/night.txt")
                         .Check(kIdcReplaceExisting, 0)
                         .Press(IDOK));
   ASSERT_TRUE(ShowConversionOptions(&screen, 0, nullptr, services_));
   ASSERT_TRUE(RunConversionOptions(&model, 0, services_, [](CConvertOptionsDialog& d) {
     d.OnInitDialog();
     d.OnClick(kIdcUseOther);
-    d.file_name() = "night.txt";
+    d.file_name() = "/out/night.txt";
     d.OnClick(kIdcReplaceExisting);
     return d.OnOK() ? IDOK : IDCANCEL;
   }));
   EXPECT_EQ(DifferingBytes(screen, model), std::vector<size_t>{});
-  EXPECT_STREQ(screen.postScanConversionFileName, "/data/night.txt");
+  EXPECT_STREQ(screen.postScanConversionFileName, "/out/night.txt");
   EXPECT_EQ(screen.conversionFlags, 0);
   EXPECT_EQ(screen.conversionReplaceExisting, 0);
 }
@@ -284,7 +284,7 @@ TEST_F(ScanOptionsViewTest, RefusalsSelectThePageAtFaultAndKeepTheDialogOpen) {
   });
   DialogScript script(CScanningOptionsMainDlg::kIdd);
   NextPage(script).Press(IDOK);          // message 561, back to the first page
-  script.Check(kIdcUseDefaultName);
+  script.Check(kIdcUseDefaultName).Check(kIdcReplace);  // replace: the serial edit is enabled
   NextPage(script).SetText(kIdcSerial, "0").Press(IDOK)  // message 2027, stays on the second
       .Press(IDCANCEL);
   QueueDialogScript(script);

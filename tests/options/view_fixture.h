@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "fake_option_services.h"
@@ -52,7 +53,7 @@ class OptionViewTest : public ::testing::Test {
 
   static void Put(char* field, size_t size, const char* text) {
     std::memset(field, 0, size);
-    std::strncpy(field, text, size - 1);
+    std::memcpy(field, text, std::min(std::strlen(text), size - 1));
   }
 
   qmk::testing::SettingsSandbox sandbox_;

@@ -1,6 +1,7 @@
 // dialog_sample_scan_options.cpp: the scanning options dialog of `qmkscan dialog scan-options`
 // and `qmkscan options scan --png`, with the sample job record and scanner.
 #include <cstdio>
+#include <algorithm>
 #include <cstring>
 
 #include "dialog_samples.h"
@@ -29,7 +30,7 @@ class ScanOptionsSample : public DialogSample {
 
 void Put(char* field, size_t size, const char* text) {
   std::memset(field, 0, size);
-  std::strncpy(field, text, size - 1);
+  std::memcpy(field, text, std::min(std::strlen(text), size - 1));
 }
 
 }  // namespace
