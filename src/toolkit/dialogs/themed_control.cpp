@@ -4,6 +4,7 @@
 
 #include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
+#include "toolkit/dialogs/tool_tip.h"
 #include "toolkit/theme/paint_manager.h"
 #include "toolkit/theme/paint_manager_holder.h"
 
@@ -58,6 +59,7 @@ bool ThemedControl::UnsubclassWindow() {
 }
 
 void ThemedControl::Unbind() {
+  HideToolTip(m_hWnd);
   if (g_hotWindow == m_hWnd) g_hotWindow = nullptr;
   PmBridge_Uninstall();
   m_hWnd = nullptr;
@@ -106,7 +108,12 @@ ThemedControl::LRESULT ThemedControl::WindowProc(unsigned msg, WPARAM wp, LPARAM
         break;
     }
   }
-  if (msg == ui::WM_MOUSEMOVE) SetHot(true);
+  if (msg == ui::WM_MOUSEMOVE) {
+    ui::Rect client;
+    ui::GetClientRect(m_hWnd, &client);
+    SetHot(ui::PtInRect(client, {ui::GET_X_LPARAM(lp), ui::GET_Y_LPARAM(lp)}));
+  }
+  if (msg == ui::WM_LBUTTONDOWN) HideToolTip(m_hWnd);
   if (msg == kMsgMouseLeave) {
     SetHot(false);
     return 0;
@@ -127,8 +134,12 @@ void ThemedControl::SetHot(bool hot) {
   }
   if (m_bHot == hot) return;
   m_bHot = hot;
+  if (hot) ShowToolTip(m_hWnd, HoverTip(), HoverTipAlign());
+  else HideToolTip(m_hWnd);
   OnHoverChanged();
 }
+
+unsigned ThemedControl::HoverTipAlign() const { return kTipAlignDefault; }
 
 void ThemedControl::PaintParentBackground(platform::DrawTarget& target, const platform::DrawRect& rc) const {
   const HWND parent = ui::GetParent(m_hWnd);
@@ -142,6 +153,27 @@ void ThemedControl::PaintParentBackground(platform::DrawTarget& target, const pl
   const int dx = rc.left - mine.left, dy = rc.top - mine.top;
   theme::g_PaintManager()->PaintDialogBackground(
       target, {dx, dy, dx + parent_client.Width(), dy + parent_client.Height()});
+}
+
+bool ThemedControl::PaintFrameWith(ui::Dc* dc, const ThemePainter& painter) const {
+  ui::Rect window, client;
+  if (!dc || !ui::GetWindowRect(m_hWnd, &window) || !ui::GetClientRect(m_hWnd, &client)) return false;
+  ui::Point origin{0, 0};
+  ui::ClientToScreen(m_hWnd, &origin);
+  const int left = origin.x - window.left, top = origin.y - window.top;
+  const int w = window.Width(), h = window.Height();
+  const int right = left + client.Width(), bottom = top + client.Height();
+  if (w <= 0 || h <= 0 || (left == 0 && top == 0 && right == w && bottom == h)) return false;
+  platform::DrawTarget picture(w, h);
+  if (!picture.ok()) return false;
+  painter(picture, {0, 0, w, h});
+  auto image = platform::DeviceImage::Create(picture.Pixels());
+  if (!image) return false;
+  // Four strips round the client area; the plain control's own drawing inside stays.
+  const ui::Rect strips[] = {{0, 0, w, top}, {0, bottom, w, h}, {0, top, left, bottom}, {right, top, w, bottom}};
+  for (const ui::Rect& strip : strips)
+    if (!strip.IsEmpty()) dc->DrawImage(*image, strip, strip);
+  return true;
 }
 
 unsigned ThemedControl::BaseState() const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/draw/draw_target.h"
 #include "platform/ui/messages.h"
@@ -58,10 +59,16 @@ class ThemedControl : public theme::CExtPmBridge {
   virtual bool PaintsClient() const { return true; }
   // The mouse came over the control or left it.
   virtual void OnHoverChanged() { Invalidate(); }
+  // The text of the shared tooltip while the mouse rests on the control; empty for none.
+  virtual std::string HoverTip() const { return {}; }
+  virtual unsigned HoverTipAlign() const;
 
   // Fills `rc` with the parent's background as it lies behind this window, so that shaded
   // dialog backgrounds continue under labels and check boxes.
   void PaintParentBackground(platform::DrawTarget& target, const platform::DrawRect& rc) const;
+  // Draws the window's frame (the ring between its window and client rectangles) with
+  // `painter`, which draws the whole window; `dc` has the window's origin. False without a frame.
+  bool PaintFrameWith(platform::ui::Dc* dc, const ThemePainter& painter) const;
   // Hot, disabled and focused bits of the theme's widget states.
   unsigned BaseState() const;
   uint32_t Style() const;
