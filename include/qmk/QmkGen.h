@@ -18,9 +18,9 @@ QMK_API void GenTraceDebugFormatted(const char* title, const char* format, ...)
 #endif
     ;
 
-/* The current help context id, and its setter. */
+/* The current help context id, and its setter, which returns the id that was current. */
 QMK_API int GenGetHelpId(void);
-QMK_API void GenSetHelpId(int id);
+QMK_API int GenSetHelpId(int id);
 
 /* Name of the host's main module, or null when the host set none. */
 QMK_API const char* GenGetMainAppModuleName(void);
@@ -39,10 +39,28 @@ QMK_API GenMessageSink GenSetMessageSink(GenMessageSink sink);
  * hold (control characters and \ / : ? " < > |), or an expansion longer than 259 characters. */
 QMK_API int GenCheckAutoNameCString(const char* name_template, QMK_HWND owner);
 
+/* Dialog options remembered by dialog name. The common services keep, for each name, the
+ * options text and the window's place and size; they reach the window only through the hooks
+ * that the library installs (without hooks the place is neither read nor applied).
+ * GenGetDialogOpts copies the remembered options into buffer (at most size - 1 bytes,
+ * zero-ended; empty when nothing is remembered) and moves the window to its remembered place.
+ * It returns 1 when something was remembered under the name, else 0. GenSetDialogOpts
+ * remembers options (null counts as empty) and the window's place under the name; 0 for a
+ * null or empty name, else 1. Names are compared exactly. */
+typedef struct GenWindowHooks {
+  unsigned size; /* sizeof(GenWindowHooks) */
+  /* Fills left, top, right, bottom of the window; 0 when the window is gone. */
+  int (*get_rect)(QMK_HWND window, int rect[4]);
+  /* Moves and sizes the window to the rectangle. */
+  void (*set_rect)(QMK_HWND window, const int rect[4]);
+} GenWindowHooks;
+QMK_API void GenSetWindowHooks(const GenWindowHooks* hooks);
+QMK_API int GenGetDialogOpts(QMK_HWND window, const char* name, char* buffer, int size);
+QMK_API int GenSetDialogOpts(QMK_HWND window, const char* name, const char* options);
+
 /* Still to come, each with the work that first needs it: GenLoadCString, GenLoadConfigEx,
- * GenVfyFileSpec, GenNormalizeDateStr, GenGetDataFileMetrics,
- * GenGetDialogOpts, GenSetDialogOpts, GenGetHelpId_Component, GenGetToolsDir,
- * GenGetClientHandleServerMode. Nothing declares them before they work. */
+ * GenVfyFileSpec, GenNormalizeDateStr, GenGetDataFileMetrics, GenGetHelpId_Component,
+ * GenGetToolsDir, GenGetClientHandleServerMode. Nothing declares them before they work. */
 
 QMK_END_DECLS
 

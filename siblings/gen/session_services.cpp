@@ -25,7 +25,11 @@ QMK_API void GenTraceDebugFormatted(const char* title, const char* format, ...) 
 }
 
 QMK_API int GenGetHelpId(void) { return g_help_id; }
-QMK_API void GenSetHelpId(int id) { g_help_id = id; }
+QMK_API int GenSetHelpId(int id) {
+  const int previous = g_help_id;
+  g_help_id = id;
+  return previous;
+}
 
 QMK_API const char* GenGetMainAppModuleName(void) {
   return g_module_name_set ? g_module_name.c_str() : nullptr;

@@ -44,5 +44,6 @@ void PrintThemeList();
 // Selects the theme of "--theme ID" when given; false (with a message) for a bad id.
 bool SelectThemeOption(Args& args, const char* command);
 int RunRender(Args& args);
+int RunDialog(Args& args);
 
 }  // namespace qmkscan

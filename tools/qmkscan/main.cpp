@@ -56,6 +56,8 @@ constexpr Command kCommands[] = {
      "show a message box and print the pressed button's id, or draw it to a PNG file", RunMsgBox},
     {"render", "FILE --png OUT [--width W] [--css FILE] [--hit X,Y]",
      "lay out and paint a rich content document to a PNG, or print the item under a point", RunRender},
+    {"dialog", "NAME [--theme ID] [--png FILE] | --list",
+     "show one of the library's dialogs with sample data, or render it to a PNG file", RunDialog},
 };
 
 void PrintHelp(std::FILE* out) {

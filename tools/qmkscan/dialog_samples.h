@@ -1,0 +1,35 @@
+// dialog_samples.h: the dialogs that `qmkscan dialog NAME` shows or renders, each with sample
+// data. One make function per dialog; the table of names is in cmd_dialog.cpp.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "toolkit/dialogs/res_dlg.h"
+
+namespace qmkscan {
+
+// One dialog with its sample data, alive as long as the dialog is shown.
+class DialogSample {
+ public:
+  virtual ~DialogSample() = default;
+  // The dialog to show; it stays owned by the sample.
+  virtual qmk::toolkit::CExtResDlg& Dialog() = 0;
+  // The template the dialog is made from.
+  virtual int TemplateId() const = 0;
+  // Prints what the dialog left behind after a live run that ended with `result`.
+  virtual void PrintResult(intptr_t result) { (void)result; }
+};
+
+using MakeDialogSample = std::unique_ptr<DialogSample> (*)();
+
+struct DialogSampleEntry {
+  const char* name;
+  const char* summary;
+  MakeDialogSample make;
+};
+
+// The sample dialog (every plain control) on the library's dialog base.
+std::unique_ptr<DialogSample> MakeSampleDialog();
+
+}  // namespace qmkscan
