@@ -7,8 +7,8 @@
 #include "platform/ui/control_messages.h"
 #include "platform/ui/controls/control_messages.h"
 #include "platform/ui/dialog.h"
-#include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
+#include "toolkit/dialogs/ext_edit.h"
 
 namespace qmk::options::view {
 namespace {
@@ -76,6 +76,12 @@ void CScanningOptionsTabFileNames::ShowValues() {
   ShowCheck(m_hWnd, kIdcOnlineEdit, page_.m_bOnlineEdit);
   for (int id : {kIdcOutputFile, kIdcBrowse, kIdcAutonameRules})
     ShowEnabled(m_hWnd, id, page_.Enabled(id));
+  ShowTooltip();
+}
+
+void CScanningOptionsTabFileNames::ShowTooltip() {
+  auto* edit = dynamic_cast<toolkit::CExtEdit*>(toolkit::ThemedControl::FromHandle(ui::GetDlgItem(m_hWnd, kIdcOutputFile)));
+  if (edit) edit->SetTooltipText(page_.tooltip());
 }
 
 // Buttons reach the model through their clicks, so only the text is read here.
@@ -89,6 +95,7 @@ intptr_t CScanningOptionsTabFileNames::WindowProc(unsigned msg, WPARAM wp, LPARA
     const unsigned code = ui::HIWORD(wp);
     if (id == kIdcOutputFile && code == ui::EN_CHANGE) {
       page_.OnOutputFileChange(ReadText(m_hWnd, kIdcOutputFile));
+      ShowTooltip();
     } else if (code == ui::BN_CLICKED && id != ui::IDOK && id != ui::IDCANCEL) {
       main_.RunRule([&] { page_.OnClick(id); });
       handled = true;
@@ -203,61 +210,47 @@ bool CScanningOptionsMainDlg::OnInitDialog() {
   CreatePageContainer();
   // The model makes and initialises both pages before it takes the current file name.
   model_.OnInitDialog();
-  const int kPageIds[] = {options::CScanningOptionsTabFileNames::kIdd,
-                          options::CScanningOptionsTabScannerControl::kIdd};
-  frame::CCorvidDialog* pages[] = {&file_names_, &scanner_control_};
-  const std::string titles[] = {model_.m_tabFileNames.m_strTitle, model_.m_tabScannerControl.m_strTitle};
-  ui::Rect area{};
-  ui::GetClientRect(tabs_, &area);
-  ui::SendMessage(tabs_, ui::controls::TCM_ADJUSTRECT, 0, reinterpret_cast<LPARAM>(&area));
-  for (int i = 0; i < 2; ++i) {
-    ui::controls::TCITEM item;
-    item.mask = ui::controls::TCIF_TEXT;
-    std::string title = titles[i];
-    item.pszText = title.data();
-    ui::SendMessage(tabs_, ui::TCM_INSERTITEM, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-    pages[i]->Create(kPageIds[i], tabs_);
-    ui::MoveWindow(pages[i]->GetSafeHwnd(), area.left, area.top, area.right - area.left,
-                   area.bottom - area.top, false);
+  struct PageWindow {
+    frame::CCorvidDialog* dialog;
+    int template_id;
+    const std::string& title;
+  };
+  const PageWindow pages[] = {
+      {&file_names_, options::CScanningOptionsTabFileNames::kIdd, model_.m_tabFileNames.m_strTitle},
+      {&scanner_control_, options::CScanningOptionsTabScannerControl::kIdd,
+       model_.m_tabScannerControl.m_strTitle}};
+  for (const PageWindow& page : pages) {
+    page.dialog->Create(page.template_id, container_.GetSafeHwnd());
+    container_.PageInsert(page.dialog->GetSafeHwnd(), page.title);
   }
   scanner_control_.Prepare();
   ShowAll(true);
   SelectPage(model_.selected_page());
-  // Ctrl+Tab and Ctrl+PageDown go to the next page, Ctrl+Shift+Tab and Ctrl+PageUp back.
-  key_filter_ = ui::AddMessageFilter([this](ui::MSG& m) {
-    if (m.message != ui::WM_KEYDOWN || ui::GetKeyState(ui::VK_CONTROL) >= 0) return false;
-    if (m.hwnd != m_hWnd && !ui::IsChild(m_hWnd, m.hwnd)) return false;
-    if (m.wParam != ui::VK_TAB && m.wParam != ui::VK_NEXT && m.wParam != ui::VK_PRIOR) return false;
-    SelectPage(1 - CurrentPage());
-    return true;
-  });
   ui::SetFocus(ui::GetDlgItem(m_hWnd, model_.focus()));
   return false;
 }
 
 void CScanningOptionsMainDlg::CreatePageContainer() {
-  const HWND frame = ui::GetDlgItem(m_hWnd, options::CScanningOptionsTabScannerControl::kIdd);
+  const int id = options::CScanningOptionsTabScannerControl::kIdd;
+  const HWND frame = ui::GetDlgItem(m_hWnd, id);
   ui::Rect place{};
   ui::GetWindowRect(frame, &place);
   ui::MapWindowRect(nullptr, m_hWnd, &place);
-  tabs_ = ui::CreateWindowEx(ui::WS_EX_CONTROLPARENT, ui::kTabClass, "",
-                             ui::WS_CHILD | ui::WS_VISIBLE | ui::WS_TABSTOP, place.left, place.top,
-                             place.right - place.left, place.bottom - place.top, m_hWnd, 0, nullptr);
-  // The container takes the frame's place in the tab order, and its id.
-  ui::SetWindowPos(tabs_, frame, 0, 0, 0, 0, ui::SWP_NOMOVE | ui::SWP_NOSIZE | ui::SWP_NOACTIVATE);
   ui::DestroyWindow(frame);
-  ui::SetWindowLongPtr(tabs_, ui::GWLP_ID, options::CScanningOptionsTabScannerControl::kIdd);
+  // The container takes the frame's place and id; Tab stops on it.
+  container_.Create(m_hWnd, place, id, ui::WS_CHILD | ui::WS_VISIBLE | ui::WS_TABSTOP);
+  // First in the tab order, where the frame stood, before OK and Cancel.
+  ui::SetWindowPos(container_.GetSafeHwnd(), ui::HWND_TOP(), 0, 0, 0, 0,
+                   ui::SWP_NOMOVE | ui::SWP_NOSIZE | ui::SWP_NOACTIVATE);
 }
 
 void CScanningOptionsMainDlg::SelectPage(int page) {
   model_.SelectPage(page);
-  ui::SendMessage(tabs_, ui::TCM_SETCURSEL, static_cast<WPARAM>(page), 0);
-  ui::ShowWindow(file_names_.GetSafeHwnd(), page == 0 ? ui::SW_SHOW : ui::SW_HIDE);
-  ui::ShowWindow(scanner_control_.GetSafeHwnd(), page == 1 ? ui::SW_SHOW : ui::SW_HIDE);
+  container_.PageSelectionSet(page);
 }
 
 int CScanningOptionsMainDlg::CurrentPage() const {
-  return tabs_ ? static_cast<int>(ui::SendMessage(tabs_, ui::TCM_GETCURSEL, 0, 0)) : -1;
+  return container_.GetSafeHwnd() ? container_.PageSelectionGet() : -1;
 }
 
 void CScanningOptionsMainDlg::ReadAll() {
@@ -285,17 +278,11 @@ void CScanningOptionsMainDlg::OnOK() {
   if (focus) ui::SetFocus(ui::GetDlgItem(scanner_control_.GetSafeHwnd(), focus));
 }
 
-void CScanningOptionsMainDlg::OnDestroy() {
-  ui::RemoveMessageFilter(key_filter_);
-  key_filter_ = 0;
-  CCorvidDialog::OnDestroy();
-}
-
 intptr_t CScanningOptionsMainDlg::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) {
   if (msg == ui::WM_NOTIFY) {
     const auto* header = reinterpret_cast<const ui::NMHDR*>(lp);
-    if (header && header->hwndFrom == tabs_ && header->code == ui::TCN_SELCHANGE)
-      SelectPage(CurrentPage());
+    if (header && header->hwndFrom == container_.GetSafeHwnd() && header->code == ui::TCN_SELCHANGE)
+      model_.SelectPage(CurrentPage());
   }
   return CCorvidDialog::WindowProc(msg, wp, lp, handled);
 }

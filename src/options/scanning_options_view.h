@@ -4,6 +4,7 @@
 
 #include "frame/corvid_dialog.h"
 #include "options/scanning_options_model.h"
+#include "toolkit/dialogs/ext_tab_page_container.h"
 
 namespace qmk::options::view {
 
@@ -20,6 +21,9 @@ class CScanningOptionsTabFileNames : public frame::CCorvidDialog {
   intptr_t WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) override;
 
  private:
+  // The edit 1908's tooltip follows the model's.
+  void ShowTooltip();
+
   options::CScanningOptionsTabFileNames& page_;
   CScanningOptionsMainDlg& main_;
 };
@@ -60,14 +64,13 @@ class CScanningOptionsMainDlg : public frame::CCorvidDialog {
   void SelectPage(int page);
   // The page shown now, or -1 before the pages are made.
   int CurrentPage() const;
-  HWND page_container() const { return tabs_; }
+  toolkit::CExtTabPageContainerWnd& page_container() { return container_; }
   options::CScanningOptionsMainDlg& Model() { return model_; }
   OptionServices& Services() { return model_.services(); }
 
  protected:
   bool OnInitDialog() override;
   void OnOK() override;
-  void OnDestroy() override;
   intptr_t WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) override;
 
  private:
@@ -78,8 +81,8 @@ class CScanningOptionsMainDlg : public frame::CCorvidDialog {
   options::CScanningOptionsMainDlg& model_;
   CScanningOptionsTabFileNames file_names_;
   CScanningOptionsTabScannerControl scanner_control_;
-  HWND tabs_ = nullptr;
-  int key_filter_ = 0;
+  // Declared last: it destroys the page windows before the page objects go.
+  toolkit::CExtTabPageContainerWnd container_;
 };
 
 }  // namespace qmk::options::view
