@@ -38,24 +38,6 @@ void PrintDialogList() {
   for (const DialogSampleEntry& entry : kDialogs) std::printf("%-14s %s\n", entry.name, entry.summary);
 }
 
-int Render(DialogSample& sample, const std::string& png) {
-  auto& dialog = sample.Dialog();
-  if (!dialog.Create(sample.TemplateId(), nullptr)) {
-    std::fprintf(stderr, "dialog: %s\n", LastDialogError().c_str());
-    return 1;
-  }
-  ShowWindow(dialog.GetSafeHwnd(), SW_SHOW);
-  PumpMessages(0);
-  const bool ok = RenderWindowToPng(dialog.GetSafeHwnd(), png);
-  dialog.DestroyWindow();
-  if (!ok) {
-    std::fprintf(stderr, "dialog: cannot write %s\n", png.c_str());
-    return 1;
-  }
-  std::printf("wrote %s\n", png.c_str());
-  return 0;
-}
-
 int RunLive(DialogSample& sample) {
   std::printf("back end: %s\n", CurrentBackend().Name());
   const intptr_t result = sample.Dialog().DoModal();
@@ -89,7 +71,7 @@ int RunDialog(Args& args) {
   if (png) InstallBackend(MakeHeadlessBackend().release());
   qmk::toolkit::InstallToolkitSeams();
   auto sample = entry->make();
-  return png ? Render(*sample, *png) : RunLive(*sample);
+  return png ? RenderDialogSample(*sample, *png, "dialog") : RunLive(*sample);
 }
 
 }  // namespace qmkscan

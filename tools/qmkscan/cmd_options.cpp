@@ -10,10 +10,7 @@
 #include "options/build_data_text.h"
 #include "options/option_dialogs.h"
 #include "platform/ui/backend.h"
-#include "platform/ui/dialog.h"
 #include "platform/ui/headless.h"
-#include "platform/ui/message_loop.h"
-#include "platform/ui/window.h"
 #include "toolkit/dialogs/toolkit_seams.h"
 
 namespace qmkscan {
@@ -69,24 +66,6 @@ bool SaveRecord(const std::optional<std::string>& path, const build_data& record
   return true;
 }
 
-int RenderToPng(DialogSample& sample, const std::string& png) {
-  auto& dialog = sample.Dialog();
-  if (!dialog.Create(sample.TemplateId(), nullptr)) {
-    std::fprintf(stderr, "options: %s\n", LastDialogError().c_str());
-    return 1;
-  }
-  ShowWindow(dialog.GetSafeHwnd(), SW_SHOW);
-  PumpMessages(0);
-  const bool ok = RenderWindowToPng(dialog.GetSafeHwnd(), png);
-  dialog.DestroyWindow();
-  if (!ok) {
-    std::fprintf(stderr, "options: cannot write %s\n", png.c_str());
-    return 1;
-  }
-  std::printf("wrote %s\n", png.c_str());
-  return 0;
-}
-
 std::unique_ptr<DialogSample> SampleFor(Which which, const build_data& record, int level) {
   switch (which) {
     case Which::Scan: return MakeScanOptionsDialogOn(record, level);
@@ -122,7 +101,7 @@ int RunOptions(Args& args) {
   if (!LoadRecord(record_path, record)) return 1;
   if (png) InstallBackend(MakeHeadlessBackend().release());
   qmk::toolkit::InstallToolkitSeams();
-  if (png) return RenderToPng(*SampleFor(which, record, static_cast<int>(*level)), *png);
+  if (png) return RenderDialogSample(*SampleFor(which, record, static_cast<int>(*level)), *png, "options");
   std::fprintf(stderr, "back end: %s\n", CurrentBackend().Name());
   if (!RunLive(which, record, static_cast<int>(*level))) {
     std::printf("cancelled\n");

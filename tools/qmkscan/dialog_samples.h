@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "qmk/QmkScan.h"
 #include "toolkit/dialogs/res_dlg.h"
@@ -23,6 +24,10 @@ class DialogSample {
 };
 
 using MakeDialogSample = std::unique_ptr<DialogSample> (*)();
+
+// Makes the sample's dialog modeless on the back end in use, writes its picture to `png` and
+// destroys it; 0, or 1 with a message that starts with `command`.
+int RenderDialogSample(DialogSample& sample, const std::string& png, const char* command);
 
 struct DialogSampleEntry {
   const char* name;
