@@ -102,6 +102,19 @@ TEST_F(OptionViewTest, ConversionChoosingTheDefaultEmptiesTheOtherName) {
                           QMK_SPAN(postScanConversionFileName)}));
 }
 
+TEST_F(OptionViewTest, ConversionUntouchedOkMovesNoByteOutsideItsFields) {
+  build_data record = PatternedRecord();
+  record.conversionFlags = QMK_FILEOPT_DEFAULT_CONVERSION;
+  record.conversionReplaceExisting = 0;
+  const build_data before = record;
+  QueueDialogScript(DialogScript(CConvertOptionsDialog::kIdd).Press(IDOK));
+  ASSERT_TRUE(ShowConversionOptions(&record, 0, nullptr, services_));
+  EXPECT_EQ(record.conversionFlags, QMK_FILEOPT_DEFAULT_CONVERSION);
+  EXPECT_EQ(record.conversionReplaceExisting, 0);
+  // The other name is zero-filled with the default chosen; nothing else moves.
+  EXPECT_TRUE(OnlyInside(DifferingBytes(before, record), {QMK_SPAN(postScanConversionFileName)}));
+}
+
 // ---- automatic file naming ----
 
 TEST_F(OptionViewTest, AutoNameScriptReachesTheModelsValues) {
