@@ -7,6 +7,7 @@
 #include "platform/ui/control_messages.h"
 #include "platform/ui/controls/control_messages.h"
 #include "platform/ui/dialog.h"
+#include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
 #include "toolkit/dialogs/ext_edit.h"
 
@@ -226,8 +227,26 @@ bool CScanningOptionsMainDlg::OnInitDialog() {
   scanner_control_.Prepare();
   ShowAll(true);
   SelectPage(model_.selected_page());
+  key_filter_ = ui::AddMessageFilter([this](ui::MSG& msg) { return PageKeyOutsideContainer(msg); });
   ui::SetFocus(ui::GetDlgItem(m_hWnd, model_.focus()));
   return false;
+}
+
+bool CScanningOptionsMainDlg::PageKeyOutsideContainer(const ui::MSG& msg) {
+  if (msg.message != ui::WM_KEYDOWN || ui::GetKeyState(ui::VK_CONTROL) >= 0) return false;
+  if (msg.wParam != ui::VK_TAB && msg.wParam != ui::VK_NEXT && msg.wParam != ui::VK_PRIOR) return false;
+  const HWND container = container_.GetSafeHwnd();
+  if (msg.hwnd != m_hWnd && !ui::IsChild(m_hWnd, msg.hwnd)) return false;
+  if (msg.hwnd == container || ui::IsChild(container, msg.hwnd)) return false;
+  // Two pages: forward and back both reach the other one.
+  SelectPage(1 - CurrentPage());
+  return true;
+}
+
+void CScanningOptionsMainDlg::OnDestroy() {
+  ui::RemoveMessageFilter(key_filter_);
+  key_filter_ = 0;
+  CCorvidDialog::OnDestroy();
 }
 
 void CScanningOptionsMainDlg::CreatePageContainer() {

@@ -71,16 +71,20 @@ class CScanningOptionsMainDlg : public frame::CCorvidDialog {
  protected:
   bool OnInitDialog() override;
   void OnOK() override;
+  void OnDestroy() override;
   intptr_t WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) override;
 
  private:
   void CreatePageContainer();
+  // The page keys where the container doesn't see them: focus on OK or Cancel.
+  bool PageKeyOutsideContainer(const platform::ui::MSG& msg);
   void ReadAll();
   void ShowAll(bool all);
 
   options::CScanningOptionsMainDlg& model_;
   CScanningOptionsTabFileNames file_names_;
   CScanningOptionsTabScannerControl scanner_control_;
+  int key_filter_ = 0;
   // Declared last: it destroys the page windows before the page objects go.
   toolkit::CExtTabPageContainerWnd container_;
 };

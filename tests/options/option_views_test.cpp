@@ -337,6 +337,27 @@ TEST_F(ScanOptionsViewTest, CancelAfterChangesOnBothPagesLeavesTheRecord) {
   EXPECT_EQ(DifferingBytes(record_, record), std::vector<size_t>{});
 }
 
+TEST_F(ScanOptionsViewTest, LeavingTheDateBoxShowsTheNormalisedDate) {
+  std::string shown_date;
+  std::vector<std::string> seen;
+  const int idle = AddIdleHandler([&](int) {
+    if (view_) shown_date = GetDlgItemText(view_->page_container().PageHwndGet(1), kIdcDate);
+    if (view_ && (seen.empty() || seen.back() != shown_date)) seen.push_back(shown_date);
+    return false;
+  });
+  DialogScript script(CScanningOptionsMainDlg::kIdd);
+  NextPage(script)
+      .SetText(kIdcDate, " 6.12 ")
+      .Click(kIdcStopLitho)  // the focus leaves the date box
+      .Click(kIdcStopLitho)
+      .Press(IDCANCEL);
+  QueueDialogScript(script);
+  build_data record = record_;
+  EXPECT_FALSE(RunOnScreen(record, services_));
+  RemoveIdleHandler(idle);
+  EXPECT_EQ(shown_date, "06/012") << ::testing::PrintToString(seen) << ::testing::PrintToString(DialogScriptLog());  // trimmed, then the services' normal form
+}
+
 // ---- exports ----
 
 TEST_F(OptionViewTest, ExportsAnswerOkAndCancelAndCarryTheirHelpIds) {
