@@ -116,7 +116,7 @@ int RunDemo(Args& args) {
       std::filesystem::path(scan.out).replace_extension().string() + "-scan-error.png";
   std::printf("The scan error dialog that asks about each fault at a display: ");
   std::fflush(stdout);
-  return RenderDialogSample("scan-error", picture);
+  return RenderNamedDialog("scan-error", picture);
 }
 
 }  // namespace qmkscan

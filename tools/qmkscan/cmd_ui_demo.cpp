@@ -11,6 +11,7 @@
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
 #include "toolkit/dialogs/resizable_dialog.h"
+#include "toolkit/dialogs/subclass_controls.h"
 
 namespace qmkscan {
 namespace {
@@ -74,6 +75,7 @@ class SampleDialog : public qmk::toolkit::CExtResizableDialog {
 
  protected:
   bool OnInitDialog() override {
+    qmk::toolkit::SubclassChildControls(m_hWnd);
     Fill(m_hWnd);
     return CExtResizableDialog::OnInitDialog();
   }

@@ -1,13 +1,22 @@
-// subclass_controls.h: giving every plain control of a dialog its themed toolkit counterpart.
+// subclass_controls.h: SubclassChildControls, which gives every plain control of a window that
+// has no toolkit object yet the matching themed toolkit control.
 #pragma once
+
+#include <string>
 
 #include "platform/ui/types.h"
 
 namespace qmk::toolkit {
 
-// Binds each plain child control of `parent` that no toolkit object holds yet to the themed
-// control of its class and style, so that a dialog that declares no toolkit member for a
-// control still draws it in the theme. Returns how many controls it bound.
+class ThemedControl;
+
+// The toolkit control a plain control of `class_name` and `style` becomes, new (owned by the
+// caller), or null when it stays plain.
+ThemedControl* MakeThemedControlFor(const std::string& class_name, uint32_t style);
+
+// Themes all direct children of `parent`, walking them in z-order: each child without a toolkit
+// object gets a new one, owned by its window. Group boxes then go below the other controls.
+// Returns how many controls were themed.
 int SubclassChildControls(platform::ui::HWND parent);
 
 }  // namespace qmk::toolkit

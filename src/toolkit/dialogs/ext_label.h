@@ -1,0 +1,53 @@
+// ext_label.h: CExtLabel, the themed static text: its text on the theme's background, with
+// margins, colour overrides and a tooltip.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/draw/text.h"
+#include "toolkit/dialogs/themed_control.h"
+#include "toolkit/dialogs/tool_tip.h"
+
+namespace qmk::toolkit {
+
+// A colour slot that follows the theme.
+constexpr uint32_t kThemeColor = 0xFFFFFFFFu;
+
+class CExtLabel : public ThemedControl {
+ public:
+  CExtLabel() = default;
+
+  // The tooltip; with tooltips on, a label with a tip takes SS_NOTIFY so that it sees the mouse.
+  void SetTooltipText(const std::string& text);
+  const std::string& GetTooltipText() const { return m_strToolTipText; }
+  void ActivateTooltip(bool on);
+  // Space kept free inside the label's edges, in pixels.
+  void SetMargins(int left, int top, int right, int bottom);
+  // kThemeColor gives the slot back to the theme.
+  void SetTextColor(bool enabled, uint32_t rgb);
+  void SetBkColor(uint32_t rgb);
+
+  std::string m_strToolTipText;
+  bool m_bToolTipActive = true;
+  int m_nMarginLeft = 0, m_nMarginTop = 0, m_nMarginRight = 0, m_nMarginBottom = 0;
+  unsigned m_nToolTipAlign = kTipAlignDefault;
+  uint32_t m_clrTextNormal = kThemeColor, m_clrTextDisabled = kThemeColor, m_clrBackground = kThemeColor;
+
+ protected:
+  void OnSubclassed() override;
+  bool PaintsClient() const override;
+  void PaintControl(platform::DrawTarget& target, const platform::DrawRect& rc) override;
+  std::string HoverTip() const override { return m_bToolTipActive ? m_strToolTipText : std::string(); }
+  unsigned HoverTipAlign() const override { return m_nToolTipAlign; }
+
+ private:
+  void SyncNotifyStyle();
+};
+
+// Breaks `text` into the lines a label of `width` pixels shows: at line breaks, and after the
+// last space that fits (a word longer than the line stands alone on its line).
+std::vector<std::string> WrapLabelText(const std::string& text, const platform::FontSpec& font, int width,
+                                       bool wrap);
+
+}  // namespace qmk::toolkit
