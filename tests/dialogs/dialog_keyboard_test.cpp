@@ -1,5 +1,5 @@
 // dialog_keyboard_test.cpp: the toolkit dialog's own keyboard care, through injected keys on the
-// headless back end: Tab across a nested page, mnemonics offered to buttons, and the themed
+// headless back end: Tab across a page in a container, mnemonics offered to buttons, and the themed
 // system menu of Alt+Space.
 #include <gtest/gtest.h>
 
@@ -55,8 +55,19 @@ class DialogKeyboard : public DialogTest {
     g_answers = true;
     ASSERT_TRUE(dialog_.Create(kAnchorTemplate, nullptr));
     dlg_ = dialog_.GetSafeHwnd();
-    ASSERT_TRUE(page_.Create(kPageTemplate, dlg_));
-    MoveWindow(page_.GetSafeHwnd(), 8, 40, 150, 40, false);
+    // The page lies in a holder window of its own, as in a tab-page container, which the
+    // window system's dialog manager doesn't look into.
+    WNDCLASS wc;
+    wc.lpszClassName = "PageHolder";
+    wc.lpfnWndProc = &DefWindowProc;
+    if (!GetClassInfo(wc.lpszClassName, &wc)) {
+      ASSERT_TRUE(RegisterClass(wc));
+    }
+    holder_ = CreateWindowEx(0, "PageHolder", "", WS_CHILD | WS_VISIBLE, 8, 40, 160, 44, dlg_, 300,
+                             nullptr);
+    ASSERT_NE(holder_, nullptr);
+    ASSERT_TRUE(page_.Create(kPageTemplate, holder_));
+    MoveWindow(page_.GetSafeHwnd(), 0, 0, 150, 40, false);
     ShowWindow(page_.GetSafeHwnd(), SW_SHOW);
     ShowWindow(dlg_, SW_SHOW);
     SetActiveWindow(dlg_);
@@ -88,6 +99,7 @@ class DialogKeyboard : public DialogTest {
   CountingDialog dialog_;
   CExtResizableDialog page_{kPageTemplate};
   HWND dlg_ = nullptr;
+  HWND holder_ = nullptr;
 };
 
 struct TabCase {
@@ -124,7 +136,7 @@ TEST_F(DialogKeyboard, TabSelectsTheTextOfTheEditItReaches) {
   EXPECT_EQ(HIWORD(sel), 5u);
 }
 
-TEST_F(DialogKeyboard, WithoutTheFlagTheDialogManagerLeavesThePageOut) {
+TEST_F(DialogKeyboard, WithoutTheFlagTheDialogManagerLeavesTheHeldPageOut) {
   dialog_.m_nStateFlags &= ~kStateTabAcrossNested;
   SetFocus(Item(kBrowse));
   Press(VK_TAB);

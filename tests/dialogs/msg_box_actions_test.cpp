@@ -75,6 +75,8 @@ struct CopyCase {
 TEST_F(MsgBoxActions, CopyPutsTheTextOnTheClipboardAndKeepsTheBoxOpen) {
   const CopyCase cases[] = {
       {"the Copy button", kMbExCopyButton, Script().Press(kMbCopyButtonId).Press(IDOK), "Sheet 4 is torn"},
+      {"Enter on the Copy button", kMbExCopyButton,
+       Script().Key(VK_TAB).Key(VK_RETURN).Press(IDOK), "Sheet 4 is torn"},
       {"Ctrl+C", 0, Script().Key('C', kModControl).Press(IDOK), "Sheet 4 is torn"},
       {"Ctrl+Insert", 0, Script().Key(VK_INSERT, kModControl).Press(IDOK), "Sheet 4 is torn"},
       {"no copying by keyboard", kMbExNoKeyboardCopy, Script().Key('C', kModControl).Press(IDOK), "(empty)"},

@@ -15,12 +15,19 @@ using ui::HWND;
 
 bool Usable(HWND h) { return ui::IsWindowVisible(h) && ui::IsWindowEnabled(h); }
 
-// A window whose children take part in its parent's Tab order: a nested dialog (a page), or a
-// window that says so with the control-parent style.
+bool IsDialog(HWND h) {
+  return CExtResDlg::FromHandle(h) != nullptr || ui::GetClassName(h) == ui::kDialogClass;
+}
+
+// A window whose children take part in its parent's Tab order: a nested dialog (a page), a
+// window that says so with the control-parent style, or a window that is no tab stop itself and
+// holds pages (a tab-page container), which the window system's dialog manager doesn't enter.
 bool IsTabContainer(HWND h) {
   const auto ex = static_cast<uint32_t>(ui::GetWindowLongPtr(h, ui::GWL_EXSTYLE));
-  return (ex & ui::WS_EX_CONTROLPARENT) || CExtResDlg::FromHandle(h) != nullptr ||
-         ui::GetClassName(h) == ui::kDialogClass;
+  if ((ex & ui::WS_EX_CONTROLPARENT) || IsDialog(h)) return true;
+  if (ui::GetWindowLongPtr(h, ui::GWL_STYLE) & ui::WS_TABSTOP) return false;
+  const std::vector<HWND> children = ui::GetChildren(h);
+  return std::any_of(children.begin(), children.end(), IsDialog);
 }
 
 void Collect(HWND parent, std::vector<HWND>* out) {

@@ -15,8 +15,9 @@ namespace qmk::toolkit {
 // focus on the key-down and its click on the key-up.
 constexpr unsigned kMsgOfferMnemonic = 0xC0F2;
 
-// The tab stops of `dialog` in tab order, descending into nested dialogs and control parents,
-// without invisible or disabled windows (nor what lies inside them).
+// The tab stops of `dialog` in tab order, descending into nested dialogs, control parents and
+// tab-page containers (windows that are no tab stop and hold dialogs), without invisible or
+// disabled windows (nor what lies inside them).
 std::vector<platform::ui::HWND> NestedTabStops(platform::ui::HWND dialog);
 
 // The tab stop after (or before) `from` across nested dialogs, wrapping round; `from` may lie

@@ -302,7 +302,11 @@ bool CExtMsgBox::OnKey(unsigned vk) {
   if (vk == ui::VK_RETURN) {
     const HWND focus = ui::GetFocus();
     const int id = ui::GetDlgCtrlID(focus);
-    if (ui::GetParent(focus) == m_hWnd && IsOwnButton(id)) m_nDefaultButton = id;
+    const bool own = ui::GetParent(focus) == m_hWnd && IsOwnButton(id);
+    // Copy and Help act and leave the box up, by Enter as by a click.
+    if (own && id == kMbCopyButtonId) return CopyText(), true;
+    if (own && id == kMbHelpButtonId) return OnHelp(), true;
+    if (own) m_nDefaultButton = id;
     EndWith(m_nDefaultButton);
     return true;
   }
