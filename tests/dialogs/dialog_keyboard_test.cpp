@@ -185,6 +185,29 @@ TEST_F(DialogKeyboard, AltSpaceOpensTheSystemMenuWhichATimerWatches) {
   platform::SetClock(old);
 }
 
+TEST_F(DialogKeyboard, AClickOnTheMenusItemChoosesItAndAClickOutsideDoesNot) {
+  SetFocus(Item(kEdit));
+  Press(VK_SPACE, kModAlt);
+  HWND popup = SystemMenuOf(dlg_);
+  ASSERT_NE(popup, nullptr);
+  Rect r;
+  GetWindowRect(popup, &r);
+  InjectClick({r.right + 40, r.bottom + 40});
+  PumpMessages(0);
+  EXPECT_EQ(SystemMenuOf(dlg_), nullptr);
+  EXPECT_EQ(dialog_.commands[IDCANCEL], 0) << "a click outside chose something";
+
+  Press(VK_SPACE, kModAlt);
+  popup = SystemMenuOf(dlg_);
+  ASSERT_NE(popup, nullptr);
+  GetWindowRect(popup, &r);
+  InjectClick({r.left + 10, r.top + 6});  // the first item, Close
+  PumpMessages(0);
+  PumpMessages(0);
+  EXPECT_EQ(SystemMenuOf(dlg_), nullptr);
+  EXPECT_EQ(dialog_.commands[IDCANCEL], 1) << "Close reaches the dialog as its cancel";
+}
+
 // ---- The message box's system menu ----------------------------------------------------------
 class MsgBoxSystemMenu : public DialogTest {};
 
