@@ -370,10 +370,7 @@ int ExtMsgBox(ui::HWND parent, const char* text, const char* caption, uint32_t s
                  unique_name ? unique_name : "", ex_style);
   if (timer_seconds > 0) box.SetTimer(timer_seconds, disable_while_timer);
   box.SetIcon(icon);
-  const int result = static_cast<int>(box.DoModal());
-  // A remembered answer ends the box before it is shown: its icon is released all the same.
-  box.ReleaseIcon();
-  return result;
+  return static_cast<int>(box.DoModal());
 }
 
 }  // namespace qmk::toolkit

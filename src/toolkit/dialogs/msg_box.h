@@ -30,6 +30,9 @@ class CExtMsgBox : public CExtResizableDialog {
  public:
   CExtMsgBox(HWND parent, std::string text, std::string caption, uint32_t style = 0,
              int help_id = 0, std::string unique_name = {}, uint32_t ex_style = 0);
+  // Releases an icon of the box's own that is still held (a box never shown, or closed by the
+  // window manager).
+  ~CExtMsgBox() override { ReleaseIcon(); }
 
   // Shows the box (unless a remembered answer stands) and returns the pressed button's id.
   intptr_t DoModal() override;
