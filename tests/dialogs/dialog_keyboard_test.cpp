@@ -208,6 +208,23 @@ TEST_F(DialogKeyboard, AClickOnTheMenusItemChoosesItAndAClickOutsideDoesNot) {
   EXPECT_EQ(dialog_.commands[IDCANCEL], 1) << "Close reaches the dialog as its cancel";
 }
 
+TEST_F(DialogKeyboard, TheMenuOpensBelowTheCaptionOnTheReadingSide) {
+  Rect client;
+  GetClientRect(dlg_, &client);
+  Point left{0, 0}, right{client.right, 0};
+  ClientToScreen(dlg_, &left);
+  ClientToScreen(dlg_, &right);
+  for (const bool rtl : {false, true}) {
+    dialog_.m_nFlags = rtl ? (dialog_.m_nFlags | kWsRightToLeft) : (dialog_.m_nFlags & ~kWsRightToLeft);
+    ASSERT_TRUE(dialog_.TrackSystemMenu(nullptr, true));
+    Rect r;
+    GetWindowRect(SystemMenuOf(dlg_), &r);
+    EXPECT_EQ(r.top, left.y) << "rtl " << rtl;
+    EXPECT_EQ(rtl ? r.right : r.left, rtl ? right.x : left.x) << "rtl " << rtl;
+    CloseSystemMenu();
+  }
+}
+
 // ---- The message box's system menu ----------------------------------------------------------
 class MsgBoxSystemMenu : public DialogTest {};
 
