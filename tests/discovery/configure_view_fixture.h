@@ -21,6 +21,7 @@
 #include "platform/ui/headless.h"
 #include "qmk/QmkLinkSim.h"
 #include "support/settings_sandbox.h"
+#include "toolkit/dialogs/dialog_profile.h"
 #include "toolkit/dialogs/toolkit_seams.h"
 
 namespace qmk::testing {
@@ -56,6 +57,7 @@ class ConfigureViewTest : public ::testing::Test {
   void SetUp() override {
     ASSERT_TRUE(platform::ui::InstallBackend(platform::ui::MakeHeadlessBackend().release()));
     toolkit::InstallToolkitSeams();
+    toolkit::SetDialogProfilePath("");
     platform::ui::ClearDialogScripts();
     QlkSimReset();
     previous_ = frame::SetOperator(&op_);
