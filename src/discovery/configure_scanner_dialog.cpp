@@ -220,17 +220,20 @@ void CDlgConfigureScanner::ShowBusy(bool busy) {
   ui::UpdateWindow(m_hWnd);
 }
 
+ScannerConfigReport ReportOf(const ConfigureScannerModel& model) {
+  ScannerConfigReport report;
+  report.tested = model.m_bTested ? 1 : 0;
+  report.select_state = model.m_nSelectState != 0 ? 1 : 0;
+  report.printer_state = model.m_nPrinterState != 0 ? 1 : 0;
+  report.bar_code_state = model.m_nBarCodeState != 0 ? 1 : 0;
+  return report;
+}
+
 intptr_t RunScannerConfig(sct_config& config, sct_config_ex& comm, unsigned help_id,
                           ConfigDialogServices& services, ScannerConfigReport* report) {
   CDlgConfigureScanner dialog(config, comm, services, help_id);
   const intptr_t result = dialog.DoModal();
-  if (result == ui::IDOK && report) {
-    const ConfigureScannerModel& model = dialog.model();
-    report->tested = model.m_bTested ? 1 : 0;
-    report->select_state = model.m_nSelectState != 0 ? 1 : 0;
-    report->printer_state = model.m_nPrinterState != 0 ? 1 : 0;
-    report->bar_code_state = model.m_nBarCodeState != 0 ? 1 : 0;
-  }
+  if (result == ui::IDOK && report) *report = ReportOf(dialog.model());
   return result;
 }
 

@@ -61,6 +61,9 @@ struct ScannerConfigReport {
   int select_state = 0, printer_state = 0, bar_code_state = 0;
 };
 
+// The report of a dialog closed with OK.
+ScannerConfigReport ReportOf(const ConfigureScannerModel& model);
+
 // Runs the dialog modally over the host's records: the dialog's result (1 OK, 2 Cancel, -1 when
 // it can't be shown), and on OK the report.
 intptr_t RunScannerConfig(sct_config& config, sct_config_ex& comm, unsigned help_id,

@@ -5,6 +5,10 @@
 #include <cstring>
 
 #include "commands.h"
+#include "dialog_samples.h"
+#include "platform/ui/backend.h"
+#include "platform/ui/headless.h"
+#include "toolkit/dialogs/toolkit_seams.h"
 #include "qmk/QmkLinkSim.h"
 #include "qmk/QmkScan.h"
 #include "scan_job.h"
@@ -68,6 +72,20 @@ std::string NameDataFile() {
   return TempPath(name);
 }
 
+// Draws the scanner configuration dialog with its sample records to a PNG beside the data
+// file, on the headless window system: a picture needs no display.
+void RenderConfigurePicture(const std::string& data_file) {
+  const std::string png = data_file.substr(0, data_file.rfind('.')) + "-configure.png";
+  qmk::platform::ui::InstallBackend(qmk::platform::ui::MakeHeadlessBackend().release());
+  qmk::toolkit::InstallToolkitSeams();
+  auto sample = MakeConfigureDialog();
+  if (!sample->Dialog().Create(sample->TemplateId(), nullptr)) return;
+  qmk::platform::ui::ShowWindow(sample->Dialog().GetSafeHwnd(), qmk::platform::ui::SW_SHOW);
+  const bool written = qmk::platform::ui::RenderWindowToPng(sample->Dialog().GetSafeHwnd(), png);
+  sample->Dialog().DestroyWindow();
+  if (written) std::printf("The scanner configuration dialog is drawn in %s.\n", png.c_str());
+}
+
 }  // namespace
 
 int RunDemo(Args& args) {
@@ -109,6 +127,7 @@ int RunDemo(Args& args) {
   std::printf("Summary: %d sheets read, %d rejected, %d taken out after a jam, %d faults answered, "
               "in %.2f s.\n",
               summary.read, summary.rejected, summary.jammed, summary.faults, summary.seconds);
+  RenderConfigurePicture(scan.out);
   return 0;
 }
 

@@ -22,6 +22,7 @@ using namespace qmk::platform::ui;
 // One row per dialog; the rows stay in the order `qmkscan dialog --list` prints them.
 const DialogSampleEntry kDialogs[] = {
     {"sample", "the sample dialog with one of every control", MakeSampleDialog},
+    {"configure", "the scanner configuration dialog over a serial scanner's records", MakeConfigureDialog},
 };
 
 const DialogSampleEntry* FindDialog(const std::string& name) {

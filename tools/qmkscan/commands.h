@@ -45,5 +45,6 @@ void PrintThemeList();
 bool SelectThemeOption(Args& args, const char* command);
 int RunRender(Args& args);
 int RunDialog(Args& args);
+int RunConfigure(Args& args);
 
 }  // namespace qmkscan

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "discovery/configure_scanner_dialog.h"
 #include "toolkit/dialogs/res_dlg.h"
 
 namespace qmkscan {
@@ -31,5 +32,10 @@ struct DialogSampleEntry {
 
 // The sample dialog (every plain control) on the library's dialog base.
 std::unique_ptr<DialogSample> MakeSampleDialog();
+// The scanner configuration dialog over a serial scanner's records.
+std::unique_ptr<DialogSample> MakeConfigureDialog();
+// Prints the records the configuration dialog left (cmd_configure.cpp).
+void PrintScannerConfig(intptr_t result, const sct_config& cfg, const sct_config_ex& comm,
+                        const qmk::discovery::ScannerConfigReport* report);
 
 }  // namespace qmkscan

@@ -58,6 +58,8 @@ constexpr Command kCommands[] = {
      "lay out and paint a rich content document to a PNG, or print the item under a point", RunRender},
     {"dialog", "NAME [--theme ID] [--png FILE] | --list",
      "show one of the library's dialogs with sample data, or render it to a PNG file", RunDialog},
+    {"configure", "[--model ID] [--port N] [--usb] [--auto] [--theme ID]",
+     "run the scanner configuration dialog against the simulated scanners and print the records", RunConfigure},
 };
 
 void PrintHelp(std::FILE* out) {
