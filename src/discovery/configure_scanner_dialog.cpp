@@ -96,9 +96,7 @@ void CDlgConfigureScanner::OnOK() {
 
 intptr_t CDlgConfigureScanner::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) {
   if (msg == ui::WM_COMMAND) {
-    const int id = static_cast<int>(ui::LOWORD(wp));
-    if (id != ui::IDOK && id != ui::IDCANCEL) {
-      OnCommand(id, ui::HIWORD(wp));
+    if (OnCommand(static_cast<int>(ui::LOWORD(wp)), ui::HIWORD(wp))) {
       handled = true;
       return 0;
     }
@@ -112,7 +110,7 @@ intptr_t CDlgConfigureScanner::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bo
   return CCorvidDialog::WindowProc(msg, wp, lp, handled);
 }
 
-void CDlgConfigureScanner::OnCommand(int id, unsigned code) {
+bool CDlgConfigureScanner::OnCommand(int id, unsigned code) {
   if (code == ui::CBN_SELCHANGE && id == kModelList) {
     ReadValues();
     model_.OnModelChange(SelectedRow(m_hWnd, kModelList, model_.model_row()));
@@ -125,7 +123,10 @@ void CDlgConfigureScanner::OnCommand(int id, unsigned code) {
     OnToggle(id);
   } else if (code == ui::BN_CLICKED && id == kAutoConfigure) {
     OnAutoConfigure();
+  } else {
+    return false;
   }
+  return true;
 }
 
 void CDlgConfigureScanner::OnToggle(int id) {

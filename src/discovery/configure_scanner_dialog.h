@@ -40,7 +40,8 @@ class CDlgConfigureScanner : public frame::CCorvidDialog {
   intptr_t WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handled) override;
 
  private:
-  void OnCommand(int id, unsigned code);
+  // False for the commands this dialog leaves to its base.
+  bool OnCommand(int id, unsigned code);
   void OnToggle(int id);
   void OnAutoConfigure();
   // The model's states, lists and values into the controls.

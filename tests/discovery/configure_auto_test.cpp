@@ -8,7 +8,6 @@
 
 #include "discovery/configure_view_fixture.h"
 #include "serial_scanner_sim.h"
-#include "support/scoped_env.h"
 
 namespace qmk::testing {
 namespace {
@@ -22,8 +21,6 @@ using serialsim::SimConfig;
 
 class AutoConfigureTest : public ConfigureViewTest {
  protected:
-  AutoConfigureTest() : env_("QMK_DEVICE_MAP", map_.str()) {}
-
   // Starts a simulated serial scanner and names it COM3.
   void StartSerial(const SimConfig& config) {
     sim_ = std::make_unique<PtySerialScanner>(config);
@@ -32,8 +29,6 @@ class AutoConfigureTest : public ConfigureViewTest {
     fs::create_symlink(sim_->path(), map_.path() / "com3");
   }
 
-  TempDir map_;
-  ScopedEnv env_;
   std::unique_ptr<PtySerialScanner> sim_;
 };
 

@@ -20,6 +20,7 @@
 #include "platform/ui/dialog_script.h"
 #include "platform/ui/headless.h"
 #include "qmk/QmkLinkSim.h"
+#include "support/scoped_env.h"
 #include "support/settings_sandbox.h"
 #include "toolkit/dialogs/dialog_profile.h"
 #include "toolkit/dialogs/toolkit_seams.h"
@@ -54,6 +55,8 @@ inline int ModelOf(const feat_mask& feat) { return discovery::ModelAtOpen(feat);
 
 class ConfigureViewTest : public ::testing::Test {
  protected:
+  ConfigureViewTest() : map_env_("QMK_DEVICE_MAP", map_.str()) {}
+
   void SetUp() override {
     ASSERT_TRUE(platform::ui::InstallBackend(platform::ui::MakeHeadlessBackend().release()));
     toolkit::InstallToolkitSeams();
@@ -92,6 +95,8 @@ class ConfigureViewTest : public ::testing::Test {
   static std::string Text(int id) { return discovery::LibraryConfigServices().Text(id); }
 
   SettingsSandbox sandbox_;
+  TempDir map_;  // an empty device map: no COM name opens unless a test links it
+  ScopedEnv map_env_;
   frame::ScriptedOperator op_;
   frame::Operator* previous_ = nullptr;
   TestConfigServices services_;

@@ -22,6 +22,7 @@ class OpenDialog {
   OpenDialog(sct_config& config, sct_config_ex& comm, discovery::ConfigDialogServices& services)
       : dialog_(config, comm, services) {
     EXPECT_TRUE(dialog_.Create(CDlgConfigureScanner::kIdd, nullptr)) << ui::LastDialogError();
+    ui::ShowWindow(dialog_.GetSafeHwnd(), ui::SW_SHOW);
   }
   ~OpenDialog() { dialog_.DestroyWindow(); }
   ui::HWND Item(int id) const { return ui::GetDlgItem(dialog_.GetSafeHwnd(), id); }
@@ -244,14 +245,16 @@ TEST_F(ConfigureViewTest, BusyStateShowsItsTextAndLocksTheDialogWhileTheSearchRu
   Store(511);
   comm_.port = 3;
   bool busy_text = false, ok_enabled = true, model_enabled = true;
+  CDlgConfigureScanner dialog(config_, comm_, services_);
   services_.during_search = [&] {
-    const ui::HWND dlg = ui::GetActiveWindow();
+    const ui::HWND dlg = dialog.GetSafeHwnd();
     busy_text = ui::IsWindowVisible(ui::GetDlgItem(dlg, kBusyText));
     ok_enabled = ui::IsWindowEnabled(ui::GetDlgItem(dlg, ui::IDOK));
     model_enabled = ui::IsWindowEnabled(ui::GetDlgItem(dlg, kModelList));
   };
   // Nothing answers on COM3: the search can't open it and says so.
-  EXPECT_EQ(Run(Script().Click(kAutoConfigure).Press(ui::IDOK)), ui::IDOK);
+  ui::QueueDialogScript(Script().Click(kAutoConfigure).Press(ui::IDOK));
+  EXPECT_EQ(dialog.DoModal(), ui::IDOK);
   EXPECT_TRUE(busy_text);
   EXPECT_FALSE(ok_enabled);
   EXPECT_FALSE(model_enabled);
@@ -260,7 +263,7 @@ TEST_F(ConfigureViewTest, BusyStateShowsItsTextAndLocksTheDialogWhileTheSearchRu
   EXPECT_NE(shown[0].find("Error opening \\\\.\\COM3."), std::string::npos) << shown[0];
   EXPECT_NE(shown[0].find("flags=0x40"), std::string::npos);
   EXPECT_NE(shown[1].find(Text(2062)), std::string::npos) << shown[1];
-  EXPECT_EQ(report_.tested, 0);
+  EXPECT_FALSE(dialog.model().m_bTested);
 }
 
 TEST_F(ConfigureViewTest, AutoConfigureOfATwainModelAsksTheTransport) {
@@ -295,15 +298,6 @@ TEST_F(ConfigureViewTest, ExportWritesItsPointersOnlyOnOk) {
 TEST_F(ConfigureViewTest, ExportRefusesMissingRecords) {
   EXPECT_EQ(ScnScannerConfig(nullptr, nullptr, &comm_, 0, nullptr, nullptr, nullptr, nullptr), -1);
   EXPECT_EQ(ScnScannerConfig(nullptr, &config_, nullptr, 0, nullptr, nullptr, nullptr, nullptr), -1);
-}
-
-TEST_F(ConfigureViewTest, HelpContextIsTheDialogsOwnWhileItIsUp) {
-  Store(500);
-  struct Case { unsigned help_id; int want; };
-  for (const Case c : {Case{0, 2000}, Case{77, 77}}) {
-    CDlgConfigureScanner dialog(config_, comm_, services_, c.help_id);
-    EXPECT_EQ(dialog.m_nHelpId, c.want);
-  }
 }
 
 }  // namespace
