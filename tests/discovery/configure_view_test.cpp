@@ -81,15 +81,6 @@ TEST_F(ConfigureViewTest, SavedValuesAndListsAreShown) {
   EXPECT_EQ(ui::GetWindowText(d.dialog().GetSafeHwnd()), "Scanner Configuration");
 }
 
-TEST_F(ConfigureViewTest, StoredUsbPortHidesTheLineSettings) {
-  Store(509);
-  comm_.port = QMK_PORT_USB;
-  OpenDialog d(config_, comm_, services_);
-  EXPECT_EQ(d.Selected(kPortList), "USB");
-  for (const int id : {kBaudList, kTimeout, kSpin, kData7, kOdd, kStop1}) EXPECT_FALSE(d.Visible(id)) << id;
-  EXPECT_TRUE(d.Visible(kPortList));
-}
-
 TEST_F(ConfigureViewTest, OkWithoutChangesKeepsTheSavedSettings) {
   Store(511);
   comm_ = sct_config_ex{38400, 'O', 8, 1, 3, 25, 5};
@@ -132,19 +123,6 @@ TEST_F(ConfigureViewTest, EightBitsTwoStopBitsAndAParityAreRefusedUntilNone) {
   EXPECT_EQ(comm_.parity, 'N');
 }
 
-// The only models that show the bar-code port list hide the port group, so validation passes
-// before it compares the two ports: text 2015 never shows.
-TEST_F(ConfigureViewTest, EqualPortsPassWhereTheBarCodePortListShows) {
-  Store(514, false, /*bar_code=*/true);
-  comm_.port = 3;
-  config_.bar_code_port = 3;
-  services_.ports = {{"COM3", 3}};
-  EXPECT_EQ(Run(Script().Press(ui::IDOK)), ui::IDOK);
-  EXPECT_TRUE(Messages().empty());
-  EXPECT_EQ(config_.bar_code_port, 3);
-  EXPECT_EQ(comm_.port, 0) << "the port group is hidden";
-}
-
 TEST_F(ConfigureViewTest, TypedTimeOutIsSavedAsItStands) {
   Store(511);
   EXPECT_EQ(Run(Script().SetText(kTimeout, "99").Press(ui::IDOK)), ui::IDOK);
@@ -168,27 +146,6 @@ TEST_F(ConfigureViewTest, ChangingTheModelLoadsItsDefaultsAndSavesItsTable) {
   EXPECT_EQ(config_.tune_p8, 90);
   EXPECT_EQ(config_.lead_edge_tol, 8);
   EXPECT_EQ(config_.limit_a, 2030);
-}
-
-TEST_F(ConfigureViewTest, BackToTheModelAtOpenKeepsTheTuneValues) {
-  Store(511);
-  config_.tune_p8 = 71;
-  EXPECT_EQ(Run(Script().Choose(kModelList, "Desk Reader 5").Choose(kModelList, "Desk Reader 7").Press(ui::IDOK)),
-            ui::IDOK);
-  EXPECT_EQ(ModelOf(config_.feat_mask), 511);
-  EXPECT_EQ(config_.tune_p8, 71);
-}
-
-TEST_F(ConfigureViewTest, NoScannerSavedClearsTheModelBits) {
-  Store(511);
-  EXPECT_EQ(Run(Script().Choose(kModelList, "No scanner").Press(ui::IDOK)), ui::IDOK);
-  const frame::Features f = frame::FeaturesOf(config_.feat_mask);
-  EXPECT_EQ(f.family(), 0u);
-  EXPECT_EQ(f.model_code(), 0u);
-  EXPECT_EQ(f.series(), 0u);
-  EXPECT_EQ(f.word & (1u << 15), 0u);
-  EXPECT_EQ(comm_.port, 0);
-  EXPECT_EQ(comm_.baud, 19200u);
 }
 
 // The three boxes and the port reach the host's records as they change, and Cancel doesn't
