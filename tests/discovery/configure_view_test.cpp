@@ -129,6 +129,17 @@ TEST_F(ConfigureViewTest, TypedTimeOutIsSavedAsItStands) {
   EXPECT_EQ(comm_.timeout, 99);
 }
 
+TEST_F(ConfigureViewTest, SpinMovesTheTimeOutWithinTwoToSixty) {
+  struct Case { const char* typed; unsigned key; int presses; int saved; };
+  for (const Case c : {Case{"58", ui::VK_UP, 3, 60}, Case{"3", ui::VK_DOWN, 3, 2}, Case{"10", ui::VK_UP, 1, 11}}) {
+    Store(511);
+    auto script = Script().SetText(kTimeout, c.typed);
+    for (int i = 0; i < c.presses; ++i) script.Key(c.key);
+    EXPECT_EQ(Run(script.Press(ui::IDOK)), ui::IDOK);
+    EXPECT_EQ(comm_.timeout, c.saved) << c.typed;
+  }
+}
+
 TEST_F(ConfigureViewTest, ChangingTheModelLoadsItsDefaultsAndSavesItsTable) {
   Store(511);
   comm_ = sct_config_ex{9600, 'O', 8, 2, 3, 30, 0};
