@@ -380,6 +380,16 @@ QMK_API int ScnIsPadLotScannerPresentOnPort(const char* port);
 /* Writes the fixed configuration of a PadLot scanner on COM port `port`. */
 QMK_API void ScnSetCfigWithPadLotInfo(int port, sct_config* cfg, sct_config_ex* comm);
 
+/* Shows the scanner configuration dialog over the host's records and returns its result: 1 OK,
+ * 2 Cancel, -1 when cfg or comm is null or the dialog can't be shown. Its three hardware
+ * checkboxes and the port reach the records at once, and stay changed on Cancel. On OK each
+ * non-null pointer gets its value: tested 1 when Auto Configure found the scanner; each of the
+ * three states 1 when the dialog's state of that option isn't 0, else 0. help_id 0 stands for
+ * 2000; the parent is not used. */
+QMK_API int ScnScannerConfig(QMK_HWND parent, sct_config* cfg, sct_config_ex* comm,
+                             unsigned help_id, int* tested, int* select_state, int* printer_state,
+                             int* bar_code_state);
+
 /* 12 for family 12, else 8. */
 QMK_API int ScnGetDefaultLeadEdgeTol(int family);
 

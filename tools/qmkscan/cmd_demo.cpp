@@ -70,6 +70,8 @@ std::string NameDataFile() {
   return TempPath(name);
 }
 
+// Draws the scanner configuration dialog with its sample records to a PNG beside the data
+// file, on the headless window system: a picture needs no display.
 }  // namespace
 
 int RunDemo(Args& args) {
@@ -116,7 +118,13 @@ int RunDemo(Args& args) {
       std::filesystem::path(scan.out).replace_extension().string() + "-scan-error.png";
   std::printf("The scan error dialog that asks about each fault at a display: ");
   std::fflush(stdout);
-  return RenderNamedDialog("scan-error", picture);
+  if (RenderNamedDialog("scan-error", picture) != 0) return 1;
+  // And the dialog that sets up a scanner, over a serial scanner's records.
+  const std::string configure =
+      std::filesystem::path(scan.out).replace_extension().string() + "-configure.png";
+  std::printf("The scanner configuration dialog: ");
+  std::fflush(stdout);
+  return RenderNamedDialog("configure", configure);
 }
 
 }  // namespace qmkscan

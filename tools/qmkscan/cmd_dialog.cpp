@@ -29,6 +29,7 @@ const DialogSampleEntry kDialogs[] = {
     {"auto-name", "the automatic file naming dialog", MakeAutoNameDialog},
     {"conversion", "the conversion options dialog", MakeConversionDialog},
     {"edit", "the edit options dialog", MakeEditDialog},
+    {"configure", "the scanner configuration dialog over a serial scanner's records", MakeConfigureDialog},
 };
 
 const DialogSampleEntry* FindDialog(const std::string& name) {

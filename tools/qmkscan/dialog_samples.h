@@ -7,6 +7,7 @@
 #include <string>
 
 #include "qmk/QmkScan.h"
+#include "discovery/configure_scanner_dialog.h"
 #include "toolkit/dialogs/res_dlg.h"
 
 namespace qmkscan {
@@ -58,5 +59,10 @@ std::unique_ptr<DialogSample> MakeEditDialogOn(const build_data& record);
 // The sample job record and scanner of those dialogs.
 build_data SampleJobRecord();
 sct_config SampleScannerConfig();
+// The scanner configuration dialog over a serial scanner's records.
+std::unique_ptr<DialogSample> MakeConfigureDialog();
+// Prints the records the configuration dialog left (cmd_configure.cpp).
+void PrintScannerConfig(intptr_t result, const sct_config& cfg, const sct_config_ex& comm,
+                        const qmk::discovery::ScannerConfigReport* report);
 
 }  // namespace qmkscan
