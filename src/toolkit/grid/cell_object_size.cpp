@@ -44,16 +44,18 @@ std::string Grouped(int64_t n) {
 
 std::string CExtGridCellObjectSize::Format(int64_t bytes, uint32_t flags) {
   if (bytes < 1024 || (flags & kShowBytes)) return Grouped(bytes) + (bytes == 1 ? " byte" : " bytes");
-  double value = static_cast<double>(bytes);
   int power = 0;
-  while (value >= 1024.0 && power < 6) {
-    value /= 1024.0;
+  __int128 unit = 1;
+  while (bytes / unit >= 1024 && power < 6) {
+    unit *= 1024;
     ++power;
   }
-  // Three significant digits, cut: 1.999 shows as 1.99, 1023.9 as 1023.
-  const int decimals = value < 10 ? 2 : value < 100 ? 1 : 0;
-  const double scale = decimals == 2 ? 100 : decimals == 1 ? 10 : 1;
-  const double cut = std::floor(value * scale + 1e-9) / scale;
+  // Three significant digits, cut, in whole numbers so that no size rounds up on the way:
+  // 2047 bytes show as 1.99 KB, the largest size as 7.99 EB.
+  const __int128 whole = bytes / unit;
+  const int decimals = whole < 10 ? 2 : whole < 100 ? 1 : 0;
+  const int scale = decimals == 2 ? 100 : decimals == 1 ? 10 : 1;
+  const double cut = static_cast<double>(static_cast<int64_t>(bytes * static_cast<__int128>(scale) / unit)) / scale;
   char buffer[48];
   std::snprintf(buffer, sizeof buffer, "%.*f %s", decimals, cut, kShownUnits[power]);
   return buffer;
