@@ -125,6 +125,15 @@ TEST(DurationCell, StepsAndLimits) {
   Variant v;
   cell.VariantGet(v);
   EXPECT_EQ(v, Variant::I8(CExtGridCellDuration::kMaxSeconds));
+  HorzAlign horz;
+  VertAlign vert;
+  cell.GetAlignment(true, horz, vert);
+  EXPECT_EQ(horz, HorzAlign::kRight);
+  EXPECT_EQ(vert, VertAlign::kCenter);
+  cell.ModifyStyle(0x1 | 0x10);
+  cell.GetAlignment(true, horz, vert);
+  EXPECT_EQ(horz, HorzAlign::kDefault);
+  EXPECT_EQ(vert, VertAlign::kDefault);
 }
 
 TEST(NewCells, CompareAsTheirValuesNotTheirTexts) {

@@ -2,6 +2,7 @@
 #include "toolkit/grid/cell_combo_lists.h"
 
 #include "toolkit/grid/cell_archive_io.h"
+#include "toolkit/grid/cell_text.h"
 
 namespace qmk::toolkit::grid {
 
@@ -11,12 +12,6 @@ QMK_GRID_CELL_CLASS_IMPL(CExtGridCellCheckListComboBox, CExtGridCellComboBox)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellFontFaceName, CExtGridCellComboBox)
 
 namespace {
-
-std::string Trim(const std::string& t) {
-  const size_t first = t.find_first_not_of(" \t\r\n");
-  if (first == std::string::npos) return {};
-  return t.substr(first, t.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 const FontFaceSource* g_pFontFaces = nullptr;
 
@@ -66,7 +61,7 @@ bool CExtGridCellCheckListComboBox::ParseChecks(const char* text, std::vector<ui
   while (from <= all.size()) {
     size_t end = all.find_first_of(",;", from);
     if (end == std::string::npos) end = all.size();
-    const std::string name = Trim(all.substr(from, end - from));
+    const std::string name = TrimmedText(all.substr(from, end - from));
     if (!name.empty()) {
       const int index = FindItem(name);
       if (index < 0) return false;
@@ -139,7 +134,7 @@ CExtGridCellFontFaceName::CExtGridCellFontFaceName() {
 bool CExtGridCellFontFaceName::Serialize(Archive& ar) { return CExtGridCellString::Serialize(ar); }
 
 HRESULT CExtGridCellFontFaceName::OnParseText(const char* text) const {
-  const std::string name = Trim(text ? text : "");
+  const std::string name = TrimmedText(text ? text : "");
   if (name.empty()) return E_INVALIDARG;
   if (!ItemsGet().empty() && FindItem(name) < 0) return DISP_E_TYPEMISMATCH;
   return S_OK;
@@ -147,7 +142,7 @@ HRESULT CExtGridCellFontFaceName::OnParseText(const char* text) const {
 
 void CExtGridCellFontFaceName::TextSet(const char* text, bool) {
   if (OnParseText(text) != S_OK) return;
-  const std::string name = Trim(text);
+  const std::string name = TrimmedText(text);
   if (ItemsGet().empty())
     CExtGridCellString::TextSet(name.c_str());
   else

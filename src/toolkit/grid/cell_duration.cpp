@@ -198,6 +198,13 @@ void CExtGridCellDuration::Assign(const CExtGridCell& other) {
     SecondsSet(seconds);
 }
 
+void CExtGridCellDuration::GetAlignment(bool autoAlign, HorzAlign& horz, VertAlign& vert) const {
+  CExtGridCellEx::GetAlignment(autoAlign, horz, vert);
+  if (!autoAlign || (GetStyle() & kStyleNoAutoAlign)) return;
+  horz = HorzAlign::kRight;
+  if ((GetStyle() & kStyleUpDownMask) == 0) vert = VertAlign::kCenter;
+}
+
 bool CExtGridCellDuration::CanStep(const GridEditState* grid) const {
   return !IsReadOnly() && !IsDisabled() && !IsEmpty() && !(GetStyle() & kStyleNoIncrement) && !(grid && grid->readOnly);
 }

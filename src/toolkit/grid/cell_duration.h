@@ -30,6 +30,8 @@ class CExtGridCellDuration : public CExtGridCellEx {
   // The span as an 8-byte integer of seconds.
   void VariantGet(Variant& value) const override;
   platform::HRESULT OnParseText(const char* text) const override;
+  // A span is a number: right-aligned, and centred up and down unless bits 0x30 are set.
+  void GetAlignment(bool autoAlign, HorzAlign& horz, VertAlign& vert) const override;
   bool CanIncrement(const GridEditState* grid = nullptr) const;
   bool CanDecrement(const GridEditState* grid = nullptr) const;
   bool Increment(int steps = 1, const GridEditState* grid = nullptr);

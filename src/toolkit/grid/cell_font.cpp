@@ -5,6 +5,7 @@
 
 #include "platform/text.h"
 #include "toolkit/grid/cell_archive_io.h"
+#include "toolkit/grid/cell_text.h"
 #include "toolkit/grid/cell_updown.h"
 
 namespace qmk::toolkit::grid {
@@ -23,14 +24,8 @@ constexpr StyleName kStyles[] = {{CExtGridCellFont::kItalic, "Italic"},
                                  {CExtGridCellFont::kUnderline, "Underline"},
                                  {CExtGridCellFont::kStrikeout, "Strikeout"}};
 
-std::string Trim(const std::string& t) {
-  const size_t first = t.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return t.substr(first, t.find_last_not_of(" \t") - first + 1);
-}
-
 bool Points(std::string word, int32_t& points) {
-  if (EndsWithNoCase(word, "pt")) word = Trim(word.substr(0, word.size() - 2));
+  if (EndsWithNoCase(word, "pt")) word = TrimmedText(word.substr(0, word.size() - 2));
   long value = 0;
   if (!ParseBoundedInt(word, 1, CExtGridCellFont::kMaxPoints, &value)) return false;
   points = static_cast<int32_t>(value);
@@ -58,7 +53,7 @@ bool Attribute(const std::string& word, CExtGridCellFont::Value& value) {
 }  // namespace
 
 bool CExtGridCellFont::IsValid(const Value& value) {
-  return !Trim(value.face).empty() && value.points >= 1 && value.points <= kMaxPoints && value.weight >= 0 &&
+  return !TrimmedText(value.face).empty() && value.points >= 1 && value.points <= kMaxPoints && value.weight >= 0 &&
          value.weight <= 1000 && !(value.styles & ~(kItalic | kUnderline | kStrikeout));
 }
 
@@ -80,7 +75,7 @@ bool CExtGridCellFont::Parse(const char* text, Value& value) {
   while (from <= all.size()) {
     size_t comma = all.find(',', from);
     if (comma == std::string::npos) comma = all.size();
-    parts.push_back(Trim(all.substr(from, comma - from)));
+    parts.push_back(TrimmedText(all.substr(from, comma - from)));
     from = comma + 1;
   }
   Value read;
@@ -96,7 +91,7 @@ bool CExtGridCellFont::Parse(const char* text, Value& value) {
 bool CExtGridCellFont::FontValueSet(const Value& value) {
   if (!IsValid(value)) return false;
   m_value = value;
-  m_value.face = Trim(value.face);
+  m_value.face = TrimmedText(value.face);
   SetEmpty(false);
   return true;
 }

@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "toolkit/grid/cell_archive_io.h"
+#include "toolkit/grid/cell_text.h"
 
 namespace qmk::toolkit::grid {
 
@@ -99,12 +100,6 @@ bool CodeOfKey(const std::string& raw, uint8_t& code) {
   return false;
 }
 
-std::string Trim(const std::string& t) {
-  const size_t first = t.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return t.substr(first, t.find_last_not_of(" \t") - first + 1);
-}
-
 }  // namespace
 
 std::string CExtGridCellHotKey::Format(uint8_t key, uint8_t modifiers) {
@@ -116,7 +111,7 @@ std::string CExtGridCellHotKey::Format(uint8_t key, uint8_t modifiers) {
 }
 
 bool CExtGridCellHotKey::Parse(const char* text, uint8_t& key, uint8_t& modifiers) {
-  const std::string all = Trim(text ? text : "");
+  const std::string all = TrimmedText(text ? text : "");
   if (all.empty()) return false;
   // The key is the last part: a lone '+' there is the "Num +" key written short, which is
   // refused, since '+' only separates.
@@ -124,7 +119,7 @@ bool CExtGridCellHotKey::Parse(const char* text, uint8_t& key, uint8_t& modifier
   size_t from = 0;
   for (;;) {
     const size_t plus = all.find('+', from);
-    const std::string part = Trim(all.substr(from, plus == std::string::npos ? std::string::npos : plus - from));
+    const std::string part = TrimmedText(all.substr(from, plus == std::string::npos ? std::string::npos : plus - from));
     if (plus == std::string::npos) {
       if (!CodeOfKey(part, key)) return false;
       modifiers = mods;
@@ -135,7 +130,7 @@ bool CExtGridCellHotKey::Parse(const char* text, uint8_t& key, uint8_t& modifier
       if (EqualsNoCase(part, m.name)) found = &m;
     if (!found) {
       // "Num +" holds the separator: it may only come last.
-      if (Squeezed(part) == "NUM" && Trim(all.substr(plus + 1)).empty()) {
+      if (Squeezed(part) == "NUM" && TrimmedText(all.substr(plus + 1)).empty()) {
         key = 0x6B;
         modifiers = mods;
         return true;
@@ -168,7 +163,7 @@ void CExtGridCellHotKey::TextGet(std::string& text) const {
 }
 
 void CExtGridCellHotKey::TextSet(const char* text, bool) {
-  if (Trim(text ? text : "").empty()) {
+  if (TrimmedText(text ? text : "").empty()) {
     SetEmpty(true);
     return;
   }
@@ -179,7 +174,7 @@ void CExtGridCellHotKey::TextSet(const char* text, bool) {
 
 HRESULT CExtGridCellHotKey::OnParseText(const char* text) const {
   uint8_t key = 0, modifiers = 0;
-  return Trim(text ? text : "").empty() || Parse(text, key, modifiers) ? S_OK : DISP_E_TYPEMISMATCH;
+  return TrimmedText(text ? text : "").empty() || Parse(text, key, modifiers) ? S_OK : DISP_E_TYPEMISMATCH;
 }
 
 void CExtGridCellHotKey::Assign(const CExtGridCell& other) {

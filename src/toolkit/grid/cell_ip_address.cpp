@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "toolkit/grid/cell_archive_io.h"
+#include "toolkit/grid/cell_text.h"
 
 namespace qmk::toolkit::grid {
 
@@ -12,18 +13,8 @@ using namespace platform;
 
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellIPAddress, CExtGridCellEx)
 
-namespace {
-
-std::string Trim(const std::string& t) {
-  const size_t first = t.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return t.substr(first, t.find_last_not_of(" \t") - first + 1);
-}
-
-}  // namespace
-
 bool CExtGridCellIPAddress::Parse(const char* text, uint32_t& address) {
-  const std::string t = Trim(text ? text : "");
+  const std::string t = TrimmedText(text ? text : "");
   uint32_t value = 0;
   size_t at = 0;
   for (int field = 0; field < 4; ++field) {
@@ -61,7 +52,7 @@ void CExtGridCellIPAddress::TextGet(std::string& text) const {
 }
 
 void CExtGridCellIPAddress::TextSet(const char* text, bool) {
-  if (Trim(text ? text : "").empty()) {
+  if (TrimmedText(text ? text : "").empty()) {
     SetEmpty(true);
     return;
   }
@@ -71,7 +62,7 @@ void CExtGridCellIPAddress::TextSet(const char* text, bool) {
 
 HRESULT CExtGridCellIPAddress::OnParseText(const char* text) const {
   uint32_t address = 0;
-  return Trim(text ? text : "").empty() || Parse(text, address) ? S_OK : DISP_E_TYPEMISMATCH;
+  return TrimmedText(text ? text : "").empty() || Parse(text, address) ? S_OK : DISP_E_TYPEMISMATCH;
 }
 
 int CExtGridCellIPAddress::Compare(const CExtGridCell& other, uint32_t styleMask, uint32_t styleExMask) const {

@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "toolkit/grid/cell_archive_io.h"
+#include "toolkit/grid/cell_text.h"
 
 namespace qmk::toolkit::grid {
 
@@ -20,13 +21,6 @@ bool IsSeparator(char c) { return c == '/' || c == '\\'; }
 size_t NameStart(const std::string& path) {
   const size_t last = path.find_last_of("/\\");
   return last == std::string::npos ? 0 : last + 1;
-}
-
-std::string TrimBlanks(const char* text) {
-  std::string t = text ? text : "";
-  const size_t first = t.find_first_not_of(" \t\r\n");
-  if (first == std::string::npos) return {};
-  return t.substr(first, t.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 // The length of the root at the start of a path: "/", "\", "C:\" or "C:/"; 0 for none.
@@ -103,7 +97,7 @@ std::vector<std::string> CExtGridCellFile::FilterPatterns() const {
       while (from <= part.size()) {
         size_t semi = part.find(';', from);
         if (semi == std::string::npos) semi = part.size();
-        const std::string one = TrimBlanks(part.substr(from, semi - from).c_str());
+        const std::string one = TrimmedText(part.substr(from, semi - from).c_str());
         if (!one.empty()) patterns.push_back(one);
         from = semi + 1;
       }
@@ -124,7 +118,7 @@ bool CExtGridCellFile::MatchesFilter(const std::string& path) const {
 }
 
 HRESULT CExtGridCellFile::OnParseText(const char* text) const {
-  const std::string path = TrimBlanks(text);
+  const std::string path = TrimmedText(text);
   if (path.empty()) return S_OK;
   if (IsSeparator(path.back())) return E_INVALIDARG;
   if ((m_dwFileFlags & kFilterEnforced) && !MatchesFilter(path)) return E_INVALIDARG;
@@ -133,7 +127,7 @@ HRESULT CExtGridCellFile::OnParseText(const char* text) const {
 
 void CExtGridCellFile::TextSet(const char* text, bool) {
   if (OnParseText(text) != S_OK) return;
-  const std::string path = TrimBlanks(text);
+  const std::string path = TrimmedText(text);
   if (path.empty()) {
     SetEmpty(true);
     return;
@@ -173,7 +167,7 @@ CExtGridCellFileImage::CExtGridCellFileImage() {
 // ---- folder ----
 
 void CExtGridCellFolder::TextSet(const char* text, bool) {
-  std::string path = TrimBlanks(text);
+  std::string path = TrimmedText(text);
   const size_t root = RootLength(path);
   while (path.size() > root && IsSeparator(path.back())) path.pop_back();
   if (path.empty()) {
