@@ -90,6 +90,13 @@ TEST(UpDownCell, RectangleSidesAndColourChannels) {
   green.WriteTo(colour);
   EXPECT_EQ(colour, 0x0033FF99u);
   EXPECT_NE(green.OnParseText("256"), S_OK);
+  // A value from outside the range (as an archive may bring) is held to a channel's bounds.
+  green.VariantSet(Variant::I4(300));
+  green.WriteTo(colour);
+  EXPECT_EQ(colour, 0x0033FF99u);
+  side.VariantSet(Variant::R8(1e20));
+  side.WriteTo(rect);
+  EXPECT_EQ(rect.bottom, 2147483647);
 }
 
 TEST(ObjectSizeCell, NeverGoesBelowZero) {

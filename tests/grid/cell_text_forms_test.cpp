@@ -53,7 +53,7 @@ TEST(FractionCell, ShowsTheNearestFractionOfItsDigits) {
                         Case{3, 1, 0, "3"}, Case{0.333333, 1, 0, "1/3"}, Case{3.14159265, 1, 0, "3 1/7"},
                         Case{3.14159265, 3, 0, "3 16/113"}, Case{0.9999, 1, 0, "1"}, Case{-1.9999, 2, 0, "-2"},
                         Case{0.5, 1, 8, "4/8"}, Case{0.3, 1, 4, "1/4"}, Case{0.99, 1, 4, "1"},
-                        Case{0.01, 1, 0, "0"}, Case{1e16, 1, 0, "10000000000000000"}}) {
+                        Case{0.01, 1, 0, "0"}, Case{1e-300, 4, 0, "0"}, Case{1e16, 1, 0, "10000000000000000"}}) {
     CExtGridCellFraction cell;
     ASSERT_TRUE(cell.DenominatorDigitsSet(c.digits));
     ASSERT_TRUE(cell.FixedDenominatorSet(c.fixed));

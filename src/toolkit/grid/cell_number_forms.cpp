@@ -1,6 +1,7 @@
 // cell_number_forms.cpp: the fraction and scientific number cells.
 #include "toolkit/grid/cell_number_forms.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -31,7 +32,9 @@ Ratio Nearest(double x, int64_t maxDen) {
   int64_t h2 = 0, h1 = 1, k2 = 1, k1 = 0;
   double y = x;
   for (int guard = 0; guard < 64; ++guard) {
-    const double a = std::floor(y);
+    // Past the first term the denominator already has a factor of at least 1, so a term above
+    // maxDen ends the walk; holding it there keeps the conversion to an integer defined.
+    const double a = std::min(std::floor(y), static_cast<double>(maxDen) + 1);
     const auto ai = static_cast<int64_t>(a);
     const int64_t h = ai * h1 + h2, k = ai * k1 + k2;
     if (k > maxDen) {

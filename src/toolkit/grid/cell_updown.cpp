@@ -223,7 +223,8 @@ void CExtGridCellUpDownRectPart::WriteTo(PixelRect& rect) const {
   double value = 0;
   if (!NumberGet(value)) return;
   int* sides[] = {&rect.left, &rect.top, &rect.right, &rect.bottom};
-  *sides[m_ePart] = static_cast<int>(value);
+  // A loaded value may lie outside the range; a side holds what an int holds.
+  *sides[m_ePart] = static_cast<int>(std::clamp(value, -2147483648.0, 2147483647.0));
 }
 
 // After the up-down form: the side, 32 bits (0 left, 1 top, 2 right, 3 bottom).
@@ -249,7 +250,8 @@ void CExtGridCellUpDownColorPart::WriteTo(uint32_t& colour) const {
   double value = 0;
   if (!NumberGet(value)) return;
   const int shift = 8 * m_ePart;
-  colour = (colour & ~(0xFFu << shift)) | (static_cast<uint32_t>(value) & 0xFF) << shift;
+  const auto channel = static_cast<uint32_t>(std::clamp(value, 0.0, 255.0));
+  colour = (colour & ~(0xFFu << shift)) | channel << shift;
 }
 
 // After the up-down form: the channel, 32 bits (0 red, 1 green, 2 blue).
