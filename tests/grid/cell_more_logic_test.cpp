@@ -92,6 +92,7 @@ TEST(UpDownCell, RectangleSidesAndColourChannels) {
   EXPECT_NE(green.OnParseText("256"), S_OK);
   // A value from outside the range (as an archive may bring) is held to a channel's bounds.
   green.VariantSet(Variant::I4(300));
+  colour = 0x00336699;
   green.WriteTo(colour);
   EXPECT_EQ(colour, 0x0033FF99u);
   side.VariantSet(Variant::R8(1e20));

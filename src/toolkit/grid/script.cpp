@@ -12,6 +12,7 @@
 #include <sstream>
 #include <vector>
 
+#include "toolkit/grid/cell_combo_lists.h"
 #include "toolkit/grid/cell_duration.h"
 #include "toolkit/grid/cell_font.h"
 #include "toolkit/grid/cell_header_filter.h"
@@ -22,7 +23,6 @@
 #include "toolkit/grid/cell_object_size.h"
 #include "toolkit/grid/cell_path.h"
 #include "toolkit/grid/cell_updown.h"
-#include "toolkit/grid/cell_combo_lists.h"
 #include "toolkit/grid/cell_variant.h"
 #include "toolkit/grid/provider_mixins.h"
 #include "toolkit/grid/provider_sparse.h"
