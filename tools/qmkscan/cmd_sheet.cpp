@@ -21,13 +21,13 @@ double Seconds(std::chrono::steady_clock::time_point since) {
 
 std::string CellValueText(const CExtFormulaGridCell& cell) {
   if (cell.GetErrorCode() != 0) return cell.DisplayText();
-  if (cell.m_bEmpty) return "";
-  return ScalarText(cell.m_value);
+  if (cell.IsEmpty()) return "";
+  return ScalarText(cell.ValueGet());
 }
 
 void PrintCell(const CExtFormulaDataManager& sheet, int column, int row) {
   const CExtFormulaGridCell* cell = sheet.FindCell(column, row);
-  if (cell == nullptr || (cell->m_bEmpty && !cell->IsFormula())) return;
+  if (cell == nullptr || (cell->IsEmpty() && !cell->IsFormula())) return;
   std::printf("%s\t%s\n", sheet.GetAlphabet().FormatCell(column, row).c_str(), CellValueText(*cell).c_str());
 }
 
@@ -87,7 +87,7 @@ int RunSheet(Args& args) {
   }
   if (!LoadSheet(path == "-" ? std::cin : file, sheet)) return 1;
   sheet.RecomputeAll();
-  if (timing) std::fprintf(stderr, "build and compute: %.6f s, %zu cells\n", Seconds(start), sheet.GetCellCount());
+  if (timing) std::fprintf(stderr, "build and compute: %.6f s, %zu formulas\n", Seconds(start), sheet.GetFormulaCellCount());
   auto visible = [&](int column, int row) { return printed.IsEmpty() || printed.Contains(column, row); };
   if (sets.empty()) {
     std::vector<std::pair<CellPos, bool>> all;
