@@ -138,20 +138,22 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
                                           const CExtFormulaItem*) {
   value.Clear();
   if (column < 0 || row < 0) return false;
-  grid::CExtGridCell* found = GetGridCell(column, row);
-  CExtFormulaGridCell* cell = AsFormulaCell(found);
+  const int64_t key = PositionKey(column, row);
+  // Registered formula cells are found without asking the store.
+  const Registered* registered = m_formulas.Find(key);
+  grid::CExtGridCell* found = registered != nullptr ? registered->cell : GetGridCell(column, row);
+  CExtFormulaGridCell* cell = registered != nullptr ? registered->cell : AsFormulaCell(found);
   if (found == nullptr || (cell != nullptr ? cell->IsHiddenByJoin() : IsHiddenByJoin(*found))) {
     value.SetScalar(Variant::R8(0.0));
     return true;
   }
-  const int64_t key = PositionKey(column, row);
   // A stored value is current unless the running pass still has to compute the cell. Outside
   // a pass a formula is computed where it is read, unless it was computed cleanly before: its
   // result would be the same, and a long chain must not turn into deep recursion.
   const bool formula = cell != nullptr && cell->IsFormula();
-  const bool stale = formula && (m_pPending != nullptr ? m_pPending->Contains(key)
-                                                       : (!cell->m_bComputed || cell->m_nErrorCode != 0));
-  if (!formula || context.count(key) != 0 || !stale) {
+  const bool stale =
+      formula && (m_nPassDepth > 0 ? cell->m_bPending : (!cell->m_bComputed || cell->m_nErrorCode != 0));
+  if (!formula || !stale || context.count(key) != 0) {
     value.m_nKind = CExtFormulaValue::kScalar;
     if (cell != nullptr)
       value.m_value = cell->ValueGet();
@@ -163,7 +165,7 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   if (m_nDepth >= kMaxReadDepth) return false;
   ++m_nDepth;
   const CExtFormulaItem* errorItem = nullptr;
-  const bool ok = ComputeCell(context, column, row, value, errorItem);
+  const bool ok = ComputeFormulaCell(context, key, *cell, value, errorItem);
   --m_nDepth;
   if (!ok) return false;
   cell->ResultSet(value.m_value, value.m_bEmpty);
@@ -180,10 +182,20 @@ bool CExtFormulaDataManager::Compile(CExtFormulaGridCell& cell) {
 
 bool CExtFormulaDataManager::ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
                                          const CExtFormulaItem*& errorItem) {
-  value.Clear();
-  context.insert(PositionKey(column, row));
   CExtFormulaGridCell* cell = GetCell(column, row);
-  if (cell == nullptr) return false;
+  if (cell == nullptr) {
+    value.Clear();
+    context.insert(PositionKey(column, row));
+    return false;
+  }
+  return ComputeFormulaCell(context, PositionKey(column, row), *cell, value, errorItem);
+}
+
+bool CExtFormulaDataManager::ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cellRef,
+                                                CExtFormulaValue& value, const CExtFormulaItem*& errorItem) {
+  value.Clear();
+  context.insert(key);
+  CExtFormulaGridCell* cell = &cellRef;
   if (!cell->m_tree && !Compile(*cell)) {
     // A formula that does not parse shows as what was typed.
     if (cell->IsFormula()) cell->SetError(0);
@@ -347,24 +359,31 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
 std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order,
                                                           CellPos skip) {
   // Cells still to come in `order` are stale to whoever reads them in the meantime.
-  FlatKeySet pending;
-  for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
-  const auto* outer = m_pPending;
-  m_pPending = &pending;
+  std::vector<CExtFormulaGridCell*> cells(order.size());
+  for (size_t i = 0; i < order.size(); ++i) {
+    const Registered* registered = m_formulas.Find(PositionKey(order[i].column, order[i].row));
+    cells[i] = registered != nullptr ? registered->cell : GetCell(order[i].column, order[i].row);
+    if (cells[i] != nullptr) cells[i]->m_bPending = true;
+  }
+  ++m_nPassDepth;
   std::vector<CellPos> computed;
   computed.reserve(order.size());
-  for (const CellPos& p : order) {
-    CExtFormulaGridCell* cell = GetCell(p.column, p.row);
+  for (size_t i = 0; i < order.size(); ++i) {
+    CExtFormulaGridCell* cell = cells[i];
     if (cell == nullptr) continue;
+    const CellPos p = order[i];
     cell->SetError(0);
     if (p == skip) continue;
     CExtFormulaValue value;
     const CExtFormulaItem* errorItem = nullptr;
-    if (ComputeCell(context, p.column, p.row, value, errorItem)) cell->ResultSet(value.m_value, value.m_bEmpty);
-    pending.Erase(PositionKey(p.column, p.row));
+    if (ComputeFormulaCell(context, PositionKey(p.column, p.row), *cell, value, errorItem))
+      cell->ResultSet(value.m_value, value.m_bEmpty);
+    cell->m_bPending = false;
     computed.push_back(p);
   }
-  m_pPending = outer;
+  --m_nPassDepth;
+  for (CExtFormulaGridCell* cell : cells)
+    if (cell != nullptr) cell->m_bPending = false;
   return computed;
 }
 

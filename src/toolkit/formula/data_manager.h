@@ -155,6 +155,10 @@ class CExtFormulaDataManager : public FormulaManager {
   const CExtGridRangeSet& Dependencies(CExtFormulaGridCell& cell);
   void DirectDependents(int column, int row, std::vector<int64_t>& out);
   void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
+  // Appends the registered formula cells inside `deps`, in position order per rectangle.
+  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const;
+  bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
+                          const CExtFormulaItem*& errorItem);
   std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order, CellPos skip);
   void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
@@ -174,8 +178,8 @@ class CExtFormulaDataManager : public FormulaManager {
   // Reverse index: for each block of cells, the formula cells whose references touch it.
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
-  // Cells waiting to be computed in the running pass; null outside a pass.
-  const FlatKeySet* m_pPending = nullptr;
+  // Passes of ComputeInOrder running; inside one a cell marked pending is stale.
+  int m_nPassDepth = 0;
   int m_nDepth = 0;
 };
 

@@ -156,15 +156,31 @@ void CExtFormulaDataManager::CollectDependents(int column, int row, bool include
   }
 }
 
+void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const {
+  // Plain cells are no precedents, since they need no computing: only the registry is asked.
+  constexpr long long kProbeLimit = 4096;
+  for (const CellRect& rect : deps.Rects()) {
+    const long long area = (static_cast<long long>(rect.right) - rect.left + 1) *
+                           (static_cast<long long>(rect.bottom) - rect.top + 1);
+    if (area > kProbeLimit || area > static_cast<long long>(m_formulas.size())) {
+      const size_t first = out.size();
+      m_formulas.ForEach([&](int64_t key, const Registered&) {
+        const CellPos p = KeyPosition(key);
+        if (rect.Contains(p.column, p.row)) out.push_back(p);
+      });
+      std::sort(out.begin() + static_cast<std::ptrdiff_t>(first), out.end(), PositionLess);
+      continue;
+    }
+    for (int r = rect.top; r <= rect.bottom; ++r)
+      for (int c = rect.left; c <= rect.right; ++c)
+        if (m_formulas.Contains(PositionKey(c, r))) out.push_back({c, r});
+  }
+}
+
 void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
   result.clear();
   Registered* registered = m_formulas.Find(PositionKey(column, row));
-  if (registered == nullptr) return;
-  const CExtGridRangeSet& deps = Dependencies(*registered->cell);
-  ForEachExistingCell(deps, [&](int c, int r) {
-    if (m_formulas.Contains(PositionKey(c, r))) result.push_back({c, r});
-    return true;
-  });
+  if (registered != nullptr) AppendFormulaCellsIn(Dependencies(*registered->cell), result);
 }
 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
@@ -174,39 +190,44 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order,
                                              std::vector<CellPos>* cyclic) {
   // Only the cells asked for are ordered: precedents outside them hold current values.
-  enum : uint8_t { kOnStack = 1, kDone = 2 };
-  FlatKeySet wanted;
+  enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
   FlatKeyMap<uint8_t> state;
-  for (const CellPos& p : cells) wanted.Insert(PositionKey(p.column, p.row), 1);
+  for (const CellPos& p : cells) state.Insert(PositionKey(p.column, p.row), kWanted);
   struct Frame {
     CellPos pos;
-    std::vector<CellPos> precedents;
-    size_t next = 0;
+    size_t next;  // the next precedent to visit, in `precedents`
   };
   std::vector<Frame> stack;
-  auto enter = [&](CellPos p) {
-    state.Insert(PositionKey(p.column, p.row), kOnStack);
-    stack.push_back({p, {}, 0});
-    CollectPrecedents(p.column, p.row, stack.back().precedents);
+  // The precedents of every frame on the stack, the innermost last.
+  std::vector<CellPos> precedents;
+  std::vector<size_t> ends;
+  auto enter = [&](CellPos p, uint8_t& mark) {
+    mark = kOnStack;
+    stack.push_back({p, precedents.size()});
+    if (const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row)))
+      AppendFormulaCellsIn(Dependencies(*registered->cell), precedents);
+    ends.push_back(precedents.size());
   };
   for (const CellPos& first : cells) {
-    if (state.Contains(PositionKey(first.column, first.row))) continue;
-    enter(first);
+    uint8_t& mark = *state.Find(PositionKey(first.column, first.row));
+    if (mark != kWanted) continue;
+    enter(first, mark);
     while (!stack.empty()) {
       Frame& top = stack.back();
-      if (top.next == top.precedents.size()) {
+      if (top.next == ends.back()) {
         *state.Find(PositionKey(top.pos.column, top.pos.row)) = kDone;
         order.push_back(top.pos);
+        precedents.resize(ends.size() > 1 ? ends[ends.size() - 2] : 0);
+        ends.pop_back();
         stack.pop_back();
         continue;
       }
-      const CellPos p = top.precedents[top.next++];
-      const int64_t key = PositionKey(p.column, p.row);
-      if (!wanted.Contains(key)) continue;
-      const uint8_t* seen = state.Find(key);
+      const CellPos p = precedents[top.next++];
+      uint8_t* seen = state.Find(PositionKey(p.column, p.row));
+      if (seen == nullptr) continue;
       // A precedent still being ordered reads, through its own precedents, this very cell.
-      if (seen != nullptr && *seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
-      if (seen == nullptr) enter(p);
+      if (*seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
+      if (*seen == kWanted) enter(p, *seen);
     }
   }
 }

@@ -79,6 +79,7 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   CExtGridRangeSet m_deps;
   bool m_bDepsKnown = false;
   bool m_bComputed = false;  // the stored value is the result of the present formula
+  bool m_bPending = false;   // still to be computed in the running pass
 };
 
 }  // namespace qmk::toolkit::formula
