@@ -16,6 +16,7 @@
 #include "toolkit/formula/item.h"
 #include "toolkit/formula/key_map.h"
 #include "toolkit/formula/manager.h"
+#include "toolkit/formula/reader_index.h"
 #include "toolkit/formula/scanner.h"
 #include "toolkit/formula/value.h"
 #include "toolkit/grid/provider.h"
@@ -144,9 +145,12 @@ class CExtFormulaDataManager : public FormulaManager {
   void SetCircularError(CExtFormulaGridCell& cell, CellPos first, CellPos second);
 
  private:
+  // Where the reverse index keeps a formula: by the cells it reads, by blocks, or among the
+  // few that read very wide ranges.
+  enum class ReaderKind : uint8_t { kCells, kBlocks, kWide };
   struct Registered {
     CExtFormulaGridCell* cell = nullptr;
-    bool wide = false;  // in m_wideReaders rather than in blocks
+    ReaderKind kind = ReaderKind::kCells;
   };
   // Every stored cell's data position, in position order.
   std::vector<CellPos> StoredPositions(const CellRect& within) const;
@@ -175,7 +179,9 @@ class CExtFormulaDataManager : public FormulaManager {
   std::unique_ptr<CExtFormulaFunctionSet> m_functions;
   std::map<std::string, CExtGridRangeSet> m_named;
   FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
-  // Reverse index: for each block of cells, the formula cells whose references touch it.
+  // Reverse index: for each cell, the small formulas reading it; for each block of cells, the
+  // middling formulas whose references touch it.
+  CellReaderIndex m_cellReaders;
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
   // Passes of ComputeInOrder running; inside one a cell marked pending is stale.

@@ -12,10 +12,20 @@ namespace {
 constexpr int kBlockColumnShift = 2;
 constexpr int kBlockRowShift = 4;
 constexpr long long kMaxBlocksPerReader = 64;
+// A formula reading at most this many cells is entered under each of them.
+constexpr long long kMaxCellsPerReader = 16;
 
 int64_t BlockKey(int column, int row) { return PositionKey(column >> kBlockColumnShift, row >> kBlockRowShift); }
 
 bool PositionLess(CellPos a, CellPos b) { return a.row != b.row ? a.row < b.row : a.column < b.column; }
+
+// Calls `visit(cellKey)` for every cell of the set.
+template <typename Visit>
+void ForEachCellOf(const CExtGridRangeSet& set, Visit visit) {
+  for (const CellRect& rect : set.Rects())
+    for (int r = rect.top; r <= rect.bottom; ++r)
+      for (int c = rect.left; c <= rect.right; ++c) visit(PositionKey(c, r));
+}
 
 // Calls `visit(blockKey)` for every block a rectangle of the set touches.
 template <typename Visit>
@@ -41,37 +51,54 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
   UnregisterFormula(key);
   if (!cell.IsFormula()) return;
   const CExtGridRangeSet& deps = Dependencies(cell);
-  long long blocks = 0;
-  for (const CellRect& rect : deps.Rects())
+  long long blocks = 0, cells = 0;
+  for (const CellRect& rect : deps.Rects()) {
     blocks += ((static_cast<long long>(rect.right) >> kBlockColumnShift) - (rect.left >> kBlockColumnShift) + 1) *
               ((static_cast<long long>(rect.bottom) >> kBlockRowShift) - (rect.top >> kBlockRowShift) + 1);
-  const bool wide = blocks > kMaxBlocksPerReader;
-  m_formulas.Insert(key, Registered{&cell, wide});
-  if (wide) {
-    m_wideReaders.push_back(key);
-    return;
+    cells += (static_cast<long long>(rect.right) - rect.left + 1) * (static_cast<long long>(rect.bottom) - rect.top + 1);
   }
-  ForEachBlock(deps, [&](int64_t block) {
-    std::vector<int64_t>& readers = m_blockReaders[block];
-    if (readers.empty() || readers.back() != key) readers.push_back(key);
-  });
+  const ReaderKind kind = cells <= kMaxCellsPerReader     ? ReaderKind::kCells
+                          : blocks <= kMaxBlocksPerReader ? ReaderKind::kBlocks
+                                                          : ReaderKind::kWide;
+  m_formulas.Insert(key, Registered{&cell, kind});
+  switch (kind) {
+    case ReaderKind::kCells:
+      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Add(read, key); });
+      break;
+    case ReaderKind::kBlocks:
+      ForEachBlock(deps, [&](int64_t block) {
+        std::vector<int64_t>& readers = m_blockReaders[block];
+        if (readers.empty() || readers.back() != key) readers.push_back(key);
+      });
+      break;
+    case ReaderKind::kWide:
+      m_wideReaders.push_back(key);
+      break;
+  }
 }
 
 void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
   const Registered* registered = m_formulas.Find(key);
   if (registered == nullptr) return;
-  if (registered->wide) {
-    m_wideReaders.erase(std::remove(m_wideReaders.begin(), m_wideReaders.end(), key), m_wideReaders.end());
-  } else {
-    // The cell's dependency set is the one it was entered with: it is collected again only
-    // after a change of text, which unregisters first.
-    ForEachBlock(registered->cell->m_deps, [&](int64_t block) {
-      const auto found = m_blockReaders.find(block);
-      if (found == m_blockReaders.end()) return;
-      auto& readers = found->second;
-      readers.erase(std::remove(readers.begin(), readers.end(), key), readers.end());
-      if (readers.empty()) m_blockReaders.erase(found);
-    });
+  // The cell's dependency set is the one it was entered with: it is collected again only
+  // after a change of text, which unregisters first.
+  const CExtGridRangeSet& deps = registered->cell->m_deps;
+  switch (registered->kind) {
+    case ReaderKind::kCells:
+      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Remove(read, key); });
+      break;
+    case ReaderKind::kBlocks:
+      ForEachBlock(deps, [&](int64_t block) {
+        const auto found = m_blockReaders.find(block);
+        if (found == m_blockReaders.end()) return;
+        auto& readers = found->second;
+        readers.erase(std::remove(readers.begin(), readers.end(), key), readers.end());
+        if (readers.empty()) m_blockReaders.erase(found);
+      });
+      break;
+    case ReaderKind::kWide:
+      m_wideReaders.erase(std::remove(m_wideReaders.begin(), m_wideReaders.end(), key), m_wideReaders.end());
+      break;
   }
   m_formulas.Erase(key);
 }
@@ -105,6 +132,7 @@ void CExtFormulaDataManager::UnregisterRange(const CExtGridRangeSet& set) {
 
 void CExtFormulaDataManager::RegisterAllCells() {
   m_formulas.clear();
+  m_cellReaders.clear();
   m_blockReaders.clear();
   m_wideReaders.clear();
   for (const CellPos& p : StoredPositions(CellRect{0, 0, INT32_MAX, INT32_MAX})) {
@@ -117,6 +145,8 @@ void CExtFormulaDataManager::RegisterAllCells() {
 
 void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<int64_t>& out) {
   out.clear();
+  // Readers entered under the cell read it by construction.
+  m_cellReaders.ForEachReader(PositionKey(column, row), [&](int64_t reader) { out.push_back(reader); });
   auto consider = [&](int64_t reader) {
     Registered* registered = m_formulas.Find(reader);
     if (registered != nullptr && Dependencies(*registered->cell).Contains(column, row)) out.push_back(reader);
