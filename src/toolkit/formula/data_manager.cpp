@@ -87,14 +87,22 @@ const CExtFormulaGridCell* CExtFormulaDataManager::FindCell(int column, int row)
   return AsFormulaCell(GetGridCell(column, row));
 }
 
+grid::CExtGridCell* CExtFormulaDataManager::MakeGridCell(int column, int row) {
+  if (column < 0 || row < 0) return nullptr;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  // The store gives the cell that is there, of whatever class, or makes a formula cell.
+  return Store().CellGet(column + reservedColumns, row + reservedRows, &CExtFormulaGridCell::kClass);
+}
+
 CExtFormulaGridCell* CExtFormulaDataManager::GetCell(int column, int row, bool create) {
-  grid::CExtGridCell* found = GetGridCell(column, row);
+  if (!create) return AsFormulaCell(GetGridCell(column, row));
+  grid::CExtGridCell* found = MakeGridCell(column, row);
+  if (found == nullptr) return nullptr;
   if (CExtFormulaGridCell* cell = AsFormulaCell(found)) return cell;
-  if (!create || column < 0 || row < 0) return nullptr;
   int reservedColumns = 0, reservedRows = 0;
   ReservedCounts(reservedColumns, reservedRows);
   const int c = column + reservedColumns, r = row + reservedRows;
-  if (found == nullptr) return AsFormulaCell(Store().CellGet(c, r, &CExtFormulaGridCell::kClass));
   // Another kind of cell stands there: a formula cell takes its place, value and look.
   CExtFormulaGridCell model;
   model.Assign(*found);
@@ -254,8 +262,7 @@ bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string&
   const int64_t key = PositionKey(column, row);
   const std::string text = TrimLeft(given);
   if (text.empty() || text[0] != '=') {
-    grid::CExtGridCell* found = GetGridCell(column, row);
-    if (found == nullptr) found = GetCell(column, row, true);
+    grid::CExtGridCell* found = MakeGridCell(column, row);
     if (found == nullptr) return false;
     if (CExtFormulaGridCell* cell = AsFormulaCell(found)) {
       UnregisterFormula(key);

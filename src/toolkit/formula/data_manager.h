@@ -152,6 +152,8 @@ class CExtFormulaDataManager : public FormulaManager {
     CExtFormulaGridCell* cell = nullptr;
     ReaderKind kind = ReaderKind::kCells;
   };
+  // The cell the store holds at a position, or a new formula cell there.
+  grid::CExtGridCell* MakeGridCell(int column, int row);
   // Every stored cell's data position, in position order.
   std::vector<CellPos> StoredPositions(const CellRect& within) const;
   void RegisterFormula(int64_t key, CExtFormulaGridCell& cell);

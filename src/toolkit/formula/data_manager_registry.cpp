@@ -48,8 +48,17 @@ const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(CExtFormulaGridCell
 }
 
 void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& cell) {
-  UnregisterFormula(key);
-  if (!cell.IsFormula()) return;
+  if (!cell.IsFormula()) {
+    UnregisterFormula(key);
+    return;
+  }
+  // One probe of the registry for a new cell: an entry already there is taken out first.
+  bool fresh = false;
+  m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells}, &fresh);
+  if (!fresh) {
+    UnregisterFormula(key);
+    m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells});
+  }
   const CExtGridRangeSet& deps = Dependencies(cell);
   long long blocks = 0, cells = 0;
   for (const CellRect& rect : deps.Rects()) {
@@ -60,7 +69,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
   const ReaderKind kind = cells <= kMaxCellsPerReader     ? ReaderKind::kCells
                           : blocks <= kMaxBlocksPerReader ? ReaderKind::kBlocks
                                                           : ReaderKind::kWide;
-  m_formulas.Insert(key, Registered{&cell, kind});
+  m_formulas.Find(key)->kind = kind;
   switch (kind) {
     case ReaderKind::kCells:
       ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Add(read, key); });
