@@ -24,8 +24,10 @@
 namespace qmk::toolkit::formula {
 
 // The engine keeps its cells in a grid store: the one GetDataProvider gives. Used on its own it
-// makes a sparse store with joins of the size it was given; the joint CExtFDP is itself the
-// store. Positions here are data positions: the store's reserved columns and rows lie before.
+// makes a sparse store with joins of the size it was given, which is changed through the
+// manager only; the joint CExtFDP is itself the store and keeps the registry of formula cells
+// in step with the store's own changes. Positions here are data positions: the store's
+// reserved columns and rows lie before them.
 class CExtFormulaDataManager : public FormulaManager {
  public:
   CExtFormulaDataManager(int columns = 16384, int rows = 1048576) : m_nColumns(columns), m_nRows(rows) {}

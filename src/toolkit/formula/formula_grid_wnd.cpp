@@ -95,7 +95,7 @@ bool CExtFormulaGridWnd::ForEachCell(const CExtGridRangeSet& set, for_each_abstr
     int dc, dr;
   } walk{this, &callback, &set, reservedColumns, reservedRows};
   const CExtGridRangeSet everything(CellRect{0, 0, INT_MAX, INT_MAX});
-  return m_pProvider->grid::CExtGridDataProviderSparse::ForEachCell(
+  return m_pProvider->ForEachCell(
       everything,
       [](grid::CExtGridCell* cell, int column, int row, int, void* context) {
         auto& w = *static_cast<Walk*>(context);
