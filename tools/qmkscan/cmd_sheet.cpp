@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "commands.h"
-#include "toolkit/formula/data_manager.h"
+#include "toolkit/formula/formula_provider.h"
 #include "toolkit/formula/errors.h"
 
 namespace qmkscan {
@@ -71,7 +71,8 @@ int RunSheet(Args& args) {
     std::fprintf(stderr, "usage: qmkscan sheet FILE|- [--set A1=TEXT]... [--print RANGE] [--time]\n");
     return 2;
   }
-  CExtFormulaDataManager sheet;
+  // The cells live in a sparse grid store joined with the formula engine.
+  CExtFormulaDataProvider sheet(16384, 1048576);
   CExtGridRangeSet printed;
   if (range) {
     const size_t colon = range->find(':');
