@@ -2,7 +2,8 @@
 # compare-formula.sh: runs the formula engine and a peer engine (HyperFormula, installed from
 # the npm registry into bench/peers/) on the same generated sheet, in one run: build and
 # compute the sheet, then change one input in the middle and recompute. Prints both engines'
-# times and the last chain value of each, which must agree.
+# times, wall-clock and processor (on a shared machine the processor time is the steadier),
+# and the last chain value of each, which must agree.
 #
 #   bench/compare-formula.sh [ROWS] [QMKSCAN]
 #
@@ -44,14 +45,17 @@ const fs = require('fs');
 const rows = fs.readFileSync(process.argv[3], 'utf8').trimEnd().split('\n')
   .map(line => line.split('\t').map(t => (t.startsWith('=') ? t : Number(t))));
 const mid = Number(process.argv[4]);
-let t = process.hrtime.bigint();
-const hf = HyperFormula.buildFromArray(rows, { licenseKey: 'gpl-v3', maxRows: rows.length + 1 });
-const build = Number(process.hrtime.bigint() - t) / 1e9;
-console.log(`build and compute: ${build.toFixed(6)} s`);
-t = process.hrtime.bigint();
-const changes = hf.setCellContents({ sheet: 0, col: 0, row: mid - 1 }, [[1000]]);
-const change = Number(process.hrtime.bigint() - t) / 1e9;
-console.log(`change A${mid}: ${change.toFixed(6)} s, ${changes.length} cells changed`);
+// Wall-clock and processor time (every thread of the process) of one step.
+function timed(step) {
+  const wall = process.hrtime.bigint(), cpu = process.cpuUsage();
+  const result = step();
+  const used = process.cpuUsage(cpu);
+  return [result, Number(process.hrtime.bigint() - wall) / 1e9, (used.user + used.system) / 1e6];
+}
+const [hf, build, buildCpu] = timed(() => HyperFormula.buildFromArray(rows, { licenseKey: 'gpl-v3', maxRows: rows.length + 1 }));
+console.log(`build and compute: ${build.toFixed(6)} s (cpu ${buildCpu.toFixed(6)} s)`);
+const [changes, change, changeCpu] = timed(() => hf.setCellContents({ sheet: 0, col: 0, row: mid - 1 }, [[1000]]));
+console.log(`change A${mid}: ${change.toFixed(6)} s (cpu ${changeCpu.toFixed(6)} s), ${changes.length} cells changed`);
 console.log(`value F${rows.length}\t${hf.getCellValue({ sheet: 0, col: 5, row: rows.length - 1 })}`);
 JS
 node "$work/peer.js" "$peers/node_modules/hyperformula" "$work/sheet.tsv" "$mid"

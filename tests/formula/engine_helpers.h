@@ -34,7 +34,7 @@ inline std::string Shown(const CExtFormulaDataManager& sheet, int column, int ro
   const CExtFormulaGridCell* cell = sheet.FindCell(column, row);
   if (cell == nullptr) return "<none>";
   if (cell->GetErrorCode() != 0) return cell->DisplayText();
-  return ScalarText(cell->m_value);
+  return ScalarText(cell->ValueGet());
 }
 
 struct EvalCase {

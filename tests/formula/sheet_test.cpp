@@ -36,7 +36,7 @@ std::string ShownAt(const CExtFormulaDataManager& sheet, const char* name) {
 std::string FormulaAt(CExtFormulaDataManager& sheet, const char* name) {
   const CellPos p = At(sheet, name);
   const CExtFormulaGridCell* cell = sheet.FindCell(p.column, p.row);
-  return cell == nullptr ? "<none>" : cell->m_strFormula;
+  return cell == nullptr ? "<none>" : cell->FormulaText();
 }
 
 TEST(FormulaSheet, ChangesFlowDownstreamInOrder) {

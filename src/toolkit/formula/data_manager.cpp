@@ -2,10 +2,13 @@
 #include "toolkit/formula/data_manager.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 
 #include "platform/variant/change_type.h"
 #include "toolkit/formula/errors.h"
+#include "toolkit/grid/provider_mixins.h"
+#include "toolkit/grid/provider_sparse.h"
 
 namespace qmk::toolkit::formula {
 
@@ -13,17 +16,11 @@ using platform::Variant;
 
 namespace {
 
-// The reverse index groups cells in blocks of 4 columns by 16 rows.
-constexpr int kBlockColumnShift = 2;
-constexpr int kBlockRowShift = 4;
-constexpr long long kMaxBlocksPerReader = 64;
 // A value read through a chain of uncomputed cells deeper than this is a dependency error,
 // so that a long cycle cannot exhaust the stack.
 constexpr int kMaxReadDepth = 2000;
 // Steps a cycle walk may take: the walk follows every path of a cycle.
 constexpr long kCycleWalkBudget = 200000;
-
-int64_t BlockKey(int column, int row) { return PositionKey(column >> kBlockColumnShift, row >> kBlockRowShift); }
 
 bool PositionLess(CellPos a, CellPos b) { return a.row != b.row ? a.row < b.row : a.column < b.column; }
 
@@ -33,14 +30,296 @@ std::string TrimLeft(const std::string& text) {
   return text.substr(i);
 }
 
+// A grid cell as a formula cell, or null for a cell of another class.
+CExtFormulaGridCell* AsFormulaCell(grid::CExtGridCell* cell) {
+  return cell != nullptr && cell->IsKindOf(&CExtFormulaGridCell::kClass) ? static_cast<CExtFormulaGridCell*>(cell)
+                                                                         : nullptr;
+}
+
+bool IsHiddenByJoin(const grid::CExtGridCell& cell) {
+  const auto* data = dynamic_cast<const grid::CExtGridCellEx*>(&cell);
+  return data != nullptr && (data->JoinGet().cx <= 0 || data->JoinGet().cy <= 0);
+}
+
 }  // namespace
 
-std::string CExtFormulaGridCell::DisplayText() const {
-  if (m_bEmpty) return "";
-  Variant text;
-  if (platform::ChangeType(text, m_value, platform::VT_BSTR) == platform::S_OK) return text.StringValue();
-  return "";
+CExtFormulaDataManager::~CExtFormulaDataManager() = default;
+
+grid::CExtGridDataProvider& CExtFormulaDataManager::GetDataProvider() {
+  if (!m_pOwnStore) {
+    auto store = std::make_unique<grid::CExtGDPJ<grid::CExtGridDataProviderSparse>>();
+    store->ColumnInsert(0, std::max(0, m_nColumns));
+    store->RowInsert(0, std::max(0, m_nRows));
+    m_pOwnStore = std::move(store);
+  }
+  return *m_pOwnStore;
 }
+
+grid::CExtGridDataProvider& CExtFormulaDataManager::Store() const {
+  if (m_pStore == nullptr) m_pStore = &const_cast<CExtFormulaDataManager*>(this)->GetDataProvider();
+  return *m_pStore;
+}
+
+void CExtFormulaDataManager::ReservedCounts(int& columns, int& rows) const {
+  Store().CacheReservedCountsGet(columns, rows);
+}
+
+int CExtFormulaDataManager::GetColumnCount() const {
+  int columns = 0, rows = 0;
+  ReservedCounts(columns, rows);
+  return std::max(0, Store().ColumnCountGet() - columns);
+}
+
+int CExtFormulaDataManager::GetRowCount() const {
+  int columns = 0, rows = 0;
+  ReservedCounts(columns, rows);
+  return std::max(0, Store().RowCountGet() - rows);
+}
+
+grid::CExtGridCell* CExtFormulaDataManager::GetGridCell(int column, int row) const {
+  if (column < 0 || row < 0) return nullptr;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  return Store().CellGet(column + reservedColumns, row + reservedRows);
+}
+
+const CExtFormulaGridCell* CExtFormulaDataManager::FindCell(int column, int row) const {
+  return AsFormulaCell(GetGridCell(column, row));
+}
+
+grid::CExtGridCell* CExtFormulaDataManager::MakeGridCell(int column, int row) {
+  if (column < 0 || row < 0) return nullptr;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  // The store gives the cell that is there, of whatever class, or makes a formula cell.
+  return Store().CellGet(column + reservedColumns, row + reservedRows, &CExtFormulaGridCell::kClass);
+}
+
+CExtFormulaGridCell* CExtFormulaDataManager::GetCell(int column, int row, bool create) {
+  if (!create) return AsFormulaCell(GetGridCell(column, row));
+  grid::CExtGridCell* found = MakeGridCell(column, row);
+  if (found == nullptr) return nullptr;
+  if (CExtFormulaGridCell* cell = AsFormulaCell(found)) return cell;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  const int c = column + reservedColumns, r = row + reservedRows;
+  // Another kind of cell stands there: a formula cell takes its place, value and look.
+  CExtFormulaGridCell model;
+  model.Assign(*found);
+  if (!Store().CellRangeSet(c, r, 1, 1, &model, true)) return nullptr;
+  return AsFormulaCell(Store().CellGet(c, r));
+}
+
+bool CExtFormulaDataManager::GetCellPosition(const grid::CExtGridCell* cell, int& column, int& row) {
+  const auto* sparse = dynamic_cast<const grid::CExtGridDataProviderSparse*>(&Store());
+  if (sparse == nullptr || !sparse->CellPositionGet(cell, column, row)) return false;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  column -= reservedColumns;
+  row -= reservedRows;
+  return column >= 0 && row >= 0;
+}
+
+std::vector<CellPos> CExtFormulaDataManager::StoredPositions(const CellRect& within) const {
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  struct Walk {
+    int dc, dr;
+    std::vector<CellPos> found;
+  } walk{reservedColumns, reservedRows, {}};
+  const CellRect rect{within.left + reservedColumns, within.top + reservedRows,
+                      static_cast<int>(std::min<long long>(INT32_MAX, static_cast<long long>(within.right) + reservedColumns)),
+                      static_cast<int>(std::min<long long>(INT32_MAX, static_cast<long long>(within.bottom) + reservedRows))};
+  Store().ForEachCell(
+      CExtGridRangeSet(rect),
+      [](grid::CExtGridCell*, int column, int row, int, void* context) {
+        auto& w = *static_cast<Walk*>(context);
+        w.found.push_back({column - w.dc, row - w.dr});
+        return true;
+      },
+      &walk);
+  std::sort(walk.found.begin(), walk.found.end(), PositionLess);
+  return walk.found;
+}
+
+bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, int row, CExtFormulaValue& value,
+                                          const CExtFormulaItem*) {
+  value.Clear();
+  if (column < 0 || row < 0) return false;
+  const int64_t key = PositionKey(column, row);
+  // Registered formula cells are found without asking the store.
+  const Registered* registered = m_formulas.Find(key);
+  grid::CExtGridCell* found = registered != nullptr ? registered->cell : GetGridCell(column, row);
+  CExtFormulaGridCell* cell = registered != nullptr ? registered->cell : AsFormulaCell(found);
+  if (found == nullptr || (cell != nullptr ? cell->IsHiddenByJoin() : IsHiddenByJoin(*found))) {
+    value.SetScalar(Variant::R8(0.0));
+    return true;
+  }
+  // A stored value is current unless the running pass still has to compute the cell. Outside
+  // a pass a formula is computed where it is read, unless it was computed cleanly before: its
+  // result would be the same, and a long chain must not turn into deep recursion.
+  const bool formula = cell != nullptr && cell->IsFormula();
+  const bool stale =
+      formula && (m_nPassDepth > 0 ? cell->m_bPending : (!cell->m_bComputed || cell->m_nErrorCode != 0));
+  if (!formula || !stale || context.count(key) != 0) {
+    value.m_nKind = CExtFormulaValue::kScalar;
+    if (cell != nullptr)
+      value.m_value = cell->ValueGet();
+    else
+      found->VariantGet(value.m_value);
+    value.m_bEmpty = found->IsEmpty();
+    return true;
+  }
+  if (m_nDepth >= kMaxReadDepth) return false;
+  ++m_nDepth;
+  const CExtFormulaItem* errorItem = nullptr;
+  const bool ok = ComputeFormulaCell(context, key, *cell, value, errorItem);
+  --m_nDepth;
+  if (!ok) return false;
+  cell->ResultSet(value.m_value, value.m_bEmpty);
+  return true;
+}
+
+bool CExtFormulaDataManager::Compile(CExtFormulaGridCell& cell) {
+  m_scanner.SetText(cell.m_strFormula.c_str(), static_cast<int>(cell.m_strFormula.size()));
+  if (!m_scanner.Parse()) return false;
+  cell.m_tree.reset(m_scanner.DetachRoot());
+  cell.m_bDepsKnown = false;
+  return cell.m_tree != nullptr;
+}
+
+bool CExtFormulaDataManager::ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
+                                         const CExtFormulaItem*& errorItem) {
+  CExtFormulaGridCell* cell = GetCell(column, row);
+  if (cell == nullptr) {
+    value.Clear();
+    context.insert(PositionKey(column, row));
+    return false;
+  }
+  return ComputeFormulaCell(context, PositionKey(column, row), *cell, value, errorItem);
+}
+
+bool CExtFormulaDataManager::ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cellRef,
+                                                CExtFormulaValue& value, const CExtFormulaItem*& errorItem) {
+  value.Clear();
+  context.insert(key);
+  CExtFormulaGridCell* cell = &cellRef;
+  if (!cell->m_tree && !Compile(*cell)) {
+    // A formula that does not parse shows as what was typed.
+    if (cell->IsFormula()) cell->SetError(0);
+    value.SetScalar(cell->IsFormula() ? Variant::Str(cell->m_strFormula) : cell->ValueGet());
+    return true;
+  }
+  cell->m_pErrorItem = nullptr;
+  cell->m_bComputed = true;
+  const int code = cell->m_tree->Compute(context, value, *this, cell->m_pErrorItem);
+  errorItem = cell->m_pErrorItem;
+  if (code != 0) {
+    cell->SetError(code);
+    return false;
+  }
+  if (value.m_nKind == CExtFormulaValue::kRange) {
+    if (!value.m_range.IsSingleCell()) {
+      cell->m_pErrorItem = cell->m_tree.get();
+      cell->SetError(kErrRangeResult);
+      return false;
+    }
+    const CellRect single = value.m_range.GetAt(0);
+    CExtFormulaValue fetched;
+    if (!GetCellValue(context, single.left, single.top, fetched, cell->m_tree.get())) {
+      cell->SetError(kErrDependency);
+      return false;
+    }
+    value = fetched;
+  }
+  return true;
+}
+
+void CExtFormulaDataManager::SetCircularError(CExtFormulaGridCell& cell, CellPos first, CellPos second) {
+  cell.SetCircularError(m_alphabet.FormatCell(first.column, first.row),
+                        m_alphabet.FormatCell(second.column, second.row));
+}
+
+void CExtFormulaDataManager::StorePlainText(grid::CExtGridCell& cell, const std::string& given) {
+  const std::string text = TrimLeft(given);
+  if (text.empty()) {
+    // An empty text empties the value; the type stays.
+    cell.SetEmpty(true);
+    return;
+  }
+  // An ordinary value: a number when the whole text reads as one, else the text.
+  Variant number;
+  Variant value = platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK
+                      ? number
+                      : Variant::Str(given);
+  if (auto* variant = dynamic_cast<grid::CExtGridCellVariant*>(&cell))
+    variant->VariantSet(value);
+  else
+    cell.TextSet(given.c_str(), true);
+}
+
+bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string& given) {
+  const int64_t key = PositionKey(column, row);
+  const std::string text = TrimLeft(given);
+  if (text.empty() || text[0] != '=') {
+    grid::CExtGridCell* found = MakeGridCell(column, row);
+    if (found == nullptr) return false;
+    if (CExtFormulaGridCell* cell = AsFormulaCell(found)) {
+      UnregisterFormula(key);
+      cell->m_strFormula.clear();
+      cell->ResetCompiled();
+    }
+    StorePlainText(*found, given);
+    return false;
+  }
+  CExtFormulaGridCell* cell = GetCell(column, row, true);
+  if (cell == nullptr) return false;
+  cell->m_strFormula = given;
+  cell->ResetCompiled();
+  // A formula typed without its closing parenthesis is taken with one added.
+  if (!Compile(*cell)) {
+    cell->m_strFormula = given + ")";
+    if (!Compile(*cell)) cell->m_strFormula = given;
+  }
+  RegisterFormula(key, *cell);
+  return true;
+}
+
+std::vector<CellPos> CExtFormulaDataManager::SetCellText(int column, int row, const std::string& given) {
+  if (!PutCellText(column, row, given)) {
+    FormulaContext context;
+    return Recompute(context, column, row, false);
+  }
+  return ComputeCellAndDependents(column, row);
+}
+
+std::vector<CellPos> CExtFormulaDataManager::ComputeCellAndDependents(int column, int row) {
+  FormulaContext context;
+  CExtFormulaGridCell* cell = GetCell(column, row);
+  if (cell != nullptr && cell->IsFormula()) {
+    context.insert(PositionKey(column, row));
+    CExtFormulaValue value;
+    const CExtFormulaItem* errorItem = nullptr;
+    cell->m_nErrorCode = -1;  // so that a clean result clears an earlier message
+    cell->SetError(0);
+    if (ComputeCell(context, column, row, value, errorItem)) cell->ResultSet(value.m_value, value.m_bEmpty);
+  }
+  return Recompute(context, column, row, false);
+}
+
+bool CExtFormulaDataManager::StoreJoin(int column, int row, int columns, int rows) {
+  auto* joins = dynamic_cast<grid::CExtGDPJ<grid::CExtGridDataProviderSparse>*>(&Store());
+  if (joins == nullptr) return false;
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  return joins->JoinSet(column + reservedColumns, row + reservedRows, columns, rows);
+}
+
+bool CExtFormulaDataManager::SetJoin(int column, int row, int columns, int rows) {
+  if (column < 0 || row < 0) return false;
+  return StoreJoin(column, row, columns, rows);
+}
+
 
 const CExtGridRangeSet* CExtFormulaDataManager::FindNamedRange(const std::string& name) const {
   const auto it = m_named.find(name);
@@ -58,324 +337,6 @@ CExtFormulaFunctionSet& CExtFormulaDataManager::GetFunctionSet() {
     m_functions->Reset();
   }
   return *m_functions;
-}
-
-CExtFormulaGridCell* CExtFormulaDataManager::GetCell(int column, int row, bool create) {
-  if (column < 0 || row < 0) return nullptr;
-  const int64_t key = PositionKey(column, row);
-  if (CExtFormulaGridCell** found = m_index.Find(key)) return *found;
-  if (!create) return nullptr;
-  CExtFormulaGridCell* cell = &m_cells[key];
-  m_index.Insert(key, cell);
-  return cell;
-}
-
-const CExtFormulaGridCell* CExtFormulaDataManager::FindCell(int column, int row) const {
-  const CExtFormulaGridCell* const* found = m_index.Find(PositionKey(column, row));
-  return found == nullptr ? nullptr : *found;
-}
-
-bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, int row, CExtFormulaValue& value,
-                                          const CExtFormulaItem*) {
-  value.Clear();
-  if (column < 0 || row < 0) return false;
-  CExtFormulaGridCell* cell = GetCell(column, row);
-  if (cell == nullptr || cell->IsHiddenByJoin()) {
-    value.SetScalar(Variant::R8(0.0));
-    return true;
-  }
-  const int64_t key = PositionKey(column, row);
-  // A stored value is current unless the running pass still has to compute the cell. Outside
-  // a pass a formula is computed where it is read, unless it was computed cleanly before: its
-  // result would be the same, and a long chain must not turn into deep recursion.
-  const bool stale = m_pPending != nullptr ? m_pPending->Contains(key)
-                                           : (!cell->m_bComputed || cell->m_nErrorCode != 0);
-  if (!cell->IsFormula() || context.count(key) != 0 || !stale) {
-    value.m_nKind = CExtFormulaValue::kScalar;
-    value.m_value = cell->m_value;
-    value.m_bEmpty = cell->m_bEmpty;
-    return true;
-  }
-  if (m_nDepth >= kMaxReadDepth) return false;
-  ++m_nDepth;
-  const CExtFormulaItem* errorItem = nullptr;
-  const bool ok = ComputeCell(context, column, row, value, errorItem);
-  --m_nDepth;
-  if (!ok) return false;
-  cell->m_value = value.m_value;
-  cell->m_bEmpty = value.m_bEmpty;
-  return true;
-}
-
-bool CExtFormulaDataManager::Compile(CExtFormulaGridCell& cell) {
-  m_scanner.SetText(cell.m_strFormula.c_str(), static_cast<int>(cell.m_strFormula.size()));
-  if (!m_scanner.Parse()) return false;
-  cell.m_tree.reset(m_scanner.DetachRoot());
-  cell.m_bDepsKnown = false;
-  return cell.m_tree != nullptr;
-}
-
-bool CExtFormulaDataManager::ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
-                                         const CExtFormulaItem*& errorItem) {
-  value.Clear();
-  context.insert(PositionKey(column, row));
-  CExtFormulaGridCell* cell = GetCell(column, row);
-  if (cell == nullptr) return false;
-  if (!cell->m_tree && !Compile(*cell)) {
-    // A formula that does not parse shows as what was typed.
-    if (cell->IsFormula()) SetError(*cell, 0);
-    value.SetScalar(cell->IsFormula() ? Variant::Str(cell->m_strFormula) : cell->m_value);
-    return true;
-  }
-  cell->m_pErrorItem = nullptr;
-  cell->m_bComputed = true;
-  const int code = cell->m_tree->Compute(context, value, *this, cell->m_pErrorItem);
-  errorItem = cell->m_pErrorItem;
-  if (code != 0) {
-    SetError(*cell, code);
-    return false;
-  }
-  if (value.m_nKind == CExtFormulaValue::kRange) {
-    if (!value.m_range.IsSingleCell()) {
-      cell->m_pErrorItem = cell->m_tree.get();
-      SetError(*cell, kErrRangeResult);
-      return false;
-    }
-    const CellRect single = value.m_range.GetAt(0);
-    CExtFormulaValue fetched;
-    if (!GetCellValue(context, single.left, single.top, fetched, cell->m_tree.get())) {
-      SetError(*cell, kErrDependency);
-      return false;
-    }
-    value = fetched;
-  }
-  return true;
-}
-
-void CExtFormulaDataManager::SetError(CExtFormulaGridCell& cell, int code) {
-  if (cell.m_nErrorCode == code) return;
-  cell.m_nErrorCode = code;
-  cell.m_bEmpty = false;
-  if (code == 0) {
-    cell.m_value = Variant::Str("");
-    return;
-  }
-  char buffer[64];
-  std::snprintf(buffer, sizeof buffer, "Error: %d - ", code);
-  cell.m_value = Variant::Str(buffer + GetErrorText(code));
-}
-
-void CExtFormulaDataManager::SetErrorInCell(CExtFormulaGridCell& cell, int column, int row) {
-  cell.m_nErrorCode = kErrDependency;
-  cell.m_bEmpty = false;
-  cell.m_value = Variant::Str("Error: error in " + m_alphabet.FormatCell(column, row));
-}
-
-void CExtFormulaDataManager::SetCircularError(CExtFormulaGridCell& cell, CellPos first, CellPos second) {
-  cell.m_nErrorCode = kErrDependency;
-  cell.m_bEmpty = false;
-  cell.m_value = Variant::Str("Error: cross reference between " + m_alphabet.FormatCell(first.column, first.row) +
-                              " and " + m_alphabet.FormatCell(second.column, second.row));
-}
-
-bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string& given) {
-  CExtFormulaGridCell* cell = GetCell(column, row, true);
-  if (cell == nullptr) return false;
-  const int64_t key = PositionKey(column, row);
-  const std::string text = TrimLeft(given);
-  if (text.empty() || text[0] != '=') {
-    UnregisterFormula(key);
-    cell->m_strFormula.clear();
-    cell->ResetCompiled();
-    cell->m_bEmpty = text.empty();
-    // An ordinary value: a number when the whole text reads as one, else the text.
-    Variant number;
-    if (!text.empty() && platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK)
-      cell->m_value = number;
-    else
-      cell->m_value = Variant::Str(given);
-    return false;
-  }
-  cell->m_strFormula = given;
-  cell->ResetCompiled();
-  // A formula typed without its closing parenthesis is taken with one added.
-  if (!Compile(*cell)) {
-    cell->m_strFormula = given + ")";
-    if (!Compile(*cell)) cell->m_strFormula = given;
-  }
-  RegisterFormula(key, *cell);
-  return true;
-}
-
-std::vector<CellPos> CExtFormulaDataManager::SetCellText(int column, int row, const std::string& given) {
-  FormulaContext context;
-  if (!PutCellText(column, row, given)) return Recompute(context, column, row, false);
-  CExtFormulaGridCell* cell = GetCell(column, row);
-  context.insert(PositionKey(column, row));
-  CExtFormulaValue value;
-  const CExtFormulaItem* errorItem = nullptr;
-  cell->m_nErrorCode = -1;  // so that a clean result clears an earlier message
-  SetError(*cell, 0);
-  if (ComputeCell(context, column, row, value, errorItem)) {
-    cell->m_value = value.m_value;
-    cell->m_bEmpty = value.m_bEmpty;
-  }
-  return Recompute(context, column, row, false);
-}
-
-void CExtFormulaDataManager::SetJoin(int column, int row, int columns, int rows) {
-  for (int r = row; r < row + rows; ++r)
-    for (int c = column; c < column + columns; ++c) {
-      CExtFormulaGridCell* cell = GetCell(c, r, true);
-      if (cell == nullptr) continue;
-      const bool origin = c == column && r == row;
-      cell->m_nJoinColumns = origin ? columns : column - c;
-      cell->m_nJoinRows = origin ? rows : row - r;
-    }
-}
-
-const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(CExtFormulaGridCell& cell) {
-  if (!cell.m_bDepsKnown) {
-    cell.m_deps.Empty();
-    if (cell.m_tree || Compile(cell)) cell.m_tree->CollectDependencies(this, m_alphabet, cell.m_deps);
-    cell.m_bDepsKnown = true;
-  }
-  return cell.m_deps;
-}
-
-void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& cell) {
-  UnregisterFormula(key);
-  const CExtGridRangeSet& deps = Dependencies(cell);
-  long long blocks = 0;
-  for (const CellRect& rect : deps.Rects())
-    blocks += ((static_cast<long long>(rect.right) >> kBlockColumnShift) - (rect.left >> kBlockColumnShift) + 1) *
-              ((static_cast<long long>(rect.bottom) >> kBlockRowShift) - (rect.top >> kBlockRowShift) + 1);
-  const bool wide = blocks > kMaxBlocksPerReader;
-  m_formulaCells.Insert(key, wide ? 2 : 1);
-  if (wide) {
-    m_wideReaders.push_back(key);
-    return;
-  }
-  for (const CellRect& rect : deps.Rects())
-    for (int by = rect.top >> kBlockRowShift; by <= rect.bottom >> kBlockRowShift; ++by)
-      for (int bx = rect.left >> kBlockColumnShift; bx <= rect.right >> kBlockColumnShift; ++bx) {
-        std::vector<int64_t>& readers = m_blockReaders[PositionKey(bx, by)];
-        if (readers.empty() || readers.back() != key) readers.push_back(key);
-      }
-}
-
-void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
-  const uint8_t* registered = m_formulaCells.Find(key);
-  if (registered == nullptr) return;
-  if (*registered == 2) {
-    m_wideReaders.erase(std::remove(m_wideReaders.begin(), m_wideReaders.end(), key), m_wideReaders.end());
-  } else {
-    // The cached dependency set names exactly the blocks the cell was entered in.
-    const CExtFormulaGridCell& cell = *GetCell(KeyPosition(key).column, KeyPosition(key).row);
-    for (const CellRect& rect : cell.m_deps.Rects())
-      for (int by = rect.top >> kBlockRowShift; by <= rect.bottom >> kBlockRowShift; ++by)
-        for (int bx = rect.left >> kBlockColumnShift; bx <= rect.right >> kBlockColumnShift; ++bx) {
-          const auto block = m_blockReaders.find(PositionKey(bx, by));
-          if (block == m_blockReaders.end()) continue;
-          auto& readers = block->second;
-          readers.erase(std::remove(readers.begin(), readers.end(), key), readers.end());
-          if (readers.empty()) m_blockReaders.erase(block);
-        }
-  }
-  m_formulaCells.Erase(key);
-}
-
-void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<int64_t>& out) {
-  out.clear();
-  auto consider = [&](int64_t reader) {
-    if ((*m_index.Find(reader))->m_deps.Contains(column, row)) out.push_back(reader);
-  };
-  const auto block = m_blockReaders.find(BlockKey(column, row));
-  if (block != m_blockReaders.end())
-    for (int64_t reader : block->second) consider(reader);
-  for (int64_t reader : m_wideReaders) consider(reader);
-  std::sort(out.begin(), out.end(),
-            [](int64_t a, int64_t b) { return PositionLess(KeyPosition(a), KeyPosition(b)); });
-  out.erase(std::unique(out.begin(), out.end()), out.end());
-}
-
-void CExtFormulaDataManager::CollectDependents(int column, int row, bool includeSelf, std::vector<CellPos>& result,
-                                               bool recursive, bool append) {
-  if (!append) result.clear();
-  FlatKeySet seen;
-  for (const CellPos& p : result) seen.Insert(PositionKey(p.column, p.row), 1);
-  const int64_t start = PositionKey(column, row);
-  std::vector<int64_t> work{start}, direct;
-  // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
-  // become a million nested calls.
-  for (size_t next = 0; next < work.size(); ++next) {
-    const CellPos at = KeyPosition(work[next]);
-    DirectDependents(at.column, at.row, direct);
-    for (int64_t reader : direct) {
-      if (reader == start && !includeSelf) continue;
-      bool fresh = false;
-      seen.Insert(reader, 1, &fresh);
-      if (!fresh) continue;
-      result.push_back(KeyPosition(reader));
-      if (recursive) work.push_back(reader);
-    }
-    if (!recursive) break;
-  }
-}
-
-void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
-  result.clear();
-  const int64_t key = PositionKey(column, row);
-  if (!m_formulaCells.Contains(key)) return;
-  const CExtGridRangeSet& deps = Dependencies(**m_index.Find(key));
-  ForEachExistingCell(deps, [&](int c, int r) {
-    if (m_formulaCells.Contains(PositionKey(c, r))) result.push_back({c, r});
-    return true;
-  });
-}
-
-void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
-  OrderForCompute(cells, order, nullptr);
-}
-
-void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order,
-                                             std::vector<CellPos>* cyclic) {
-  // Only the cells asked for are ordered: precedents outside them hold current values.
-  enum : uint8_t { kOnStack = 1, kDone = 2 };
-  FlatKeySet wanted;
-  FlatKeyMap<uint8_t> state;
-  for (const CellPos& p : cells) wanted.Insert(PositionKey(p.column, p.row), 1);
-  struct Frame {
-    CellPos pos;
-    std::vector<CellPos> precedents;
-    size_t next = 0;
-  };
-  std::vector<Frame> stack;
-  auto enter = [&](CellPos p) {
-    state.Insert(PositionKey(p.column, p.row), kOnStack);
-    stack.push_back({p, {}, 0});
-    CollectPrecedents(p.column, p.row, stack.back().precedents);
-  };
-  for (const CellPos& first : cells) {
-    if (state.Contains(PositionKey(first.column, first.row))) continue;
-    enter(first);
-    while (!stack.empty()) {
-      Frame& top = stack.back();
-      if (top.next == top.precedents.size()) {
-        *state.Find(PositionKey(top.pos.column, top.pos.row)) = kDone;
-        order.push_back(top.pos);
-        stack.pop_back();
-        continue;
-      }
-      const CellPos p = top.precedents[top.next++];
-      const int64_t key = PositionKey(p.column, p.row);
-      if (!wanted.Contains(key)) continue;
-      const uint8_t* seen = state.Find(key);
-      // A precedent still being ordered reads, through its own precedents, this very cell.
-      if (seen != nullptr && *seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
-      if (seen == nullptr) enter(p);
-    }
-  }
 }
 
 void CExtFormulaDataManager::WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack,
@@ -402,30 +363,42 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
   WalkCycles(PositionKey(column, row), cycles, stack, budget);
 }
 
+std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order,
+                                                          CellPos skip) {
+  // Cells still to come in `order` are stale to whoever reads them in the meantime.
+  std::vector<CExtFormulaGridCell*> cells(order.size());
+  for (size_t i = 0; i < order.size(); ++i) {
+    const Registered* registered = m_formulas.Find(PositionKey(order[i].column, order[i].row));
+    cells[i] = registered != nullptr ? registered->cell : GetCell(order[i].column, order[i].row);
+    if (cells[i] != nullptr) cells[i]->m_bPending = true;
+  }
+  ++m_nPassDepth;
+  std::vector<CellPos> computed;
+  computed.reserve(order.size());
+  for (size_t i = 0; i < order.size(); ++i) {
+    CExtFormulaGridCell* cell = cells[i];
+    if (cell == nullptr) continue;
+    const CellPos p = order[i];
+    cell->SetError(0);
+    if (p == skip) continue;
+    CExtFormulaValue value;
+    const CExtFormulaItem* errorItem = nullptr;
+    if (ComputeFormulaCell(context, PositionKey(p.column, p.row), *cell, value, errorItem))
+      cell->ResultSet(value.m_value, value.m_bEmpty);
+    cell->m_bPending = false;
+    computed.push_back(p);
+  }
+  --m_nPassDepth;
+  for (CExtFormulaGridCell* cell : cells)
+    if (cell != nullptr) cell->m_bPending = false;
+  return computed;
+}
+
 std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, int column, int row, bool includeSelf) {
   std::vector<CellPos> deps, order, cyclic;
   CollectDependents(column, row, true, deps, true, false);
   OrderForCompute(deps, order, &cyclic);
-  FlatKeySet pending;
-  for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
-  const auto* outer = m_pPending;
-  m_pPending = &pending;
-  std::vector<CellPos> computed;
-  for (const CellPos& p : order) {
-    CExtFormulaGridCell* cell = GetCell(p.column, p.row);
-    if (cell == nullptr) continue;
-    SetError(*cell, 0);
-    if (!includeSelf && p.column == column && p.row == row) continue;
-    CExtFormulaValue value;
-    const CExtFormulaItem* errorItem = nullptr;
-    if (ComputeCell(context, p.column, p.row, value, errorItem)) {
-      cell->m_value = value.m_value;
-      cell->m_bEmpty = value.m_bEmpty;
-    }
-    pending.Erase(PositionKey(p.column, p.row));
-    computed.push_back(p);
-  }
-  m_pPending = outer;
+  std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
   MarkCycles(cyclic);
   return computed;
 }
@@ -443,26 +416,12 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
 
 void CExtFormulaDataManager::RecomputeAll() {
   std::vector<CellPos> all, order, cyclic;
-  m_formulaCells.ForEach([&](int64_t key, uint8_t) { all.push_back(KeyPosition(key)); });
+  all.reserve(m_formulas.size());
+  m_formulas.ForEach([&](int64_t key, const Registered&) { all.push_back(KeyPosition(key)); });
   std::sort(all.begin(), all.end(), PositionLess);
   OrderForCompute(all, order, &cyclic);
-  FlatKeySet pending;
-  for (const CellPos& p : order) pending.Insert(PositionKey(p.column, p.row), 1);
-  const auto* outer = m_pPending;
-  m_pPending = &pending;
   FormulaContext context;
-  for (const CellPos& p : order) {
-    CExtFormulaGridCell* cell = GetCell(p.column, p.row);
-    SetError(*cell, 0);
-    CExtFormulaValue value;
-    const CExtFormulaItem* errorItem = nullptr;
-    if (ComputeCell(context, p.column, p.row, value, errorItem)) {
-      cell->m_value = value.m_value;
-      cell->m_bEmpty = value.m_bEmpty;
-    }
-    pending.Erase(PositionKey(p.column, p.row));
-  }
-  m_pPending = outer;
+  ComputeInOrder(context, order, CellPos{});
   MarkCycles(cyclic);
 }
 
@@ -490,14 +449,19 @@ size_t CExtFormulaDataManager::RemoveAllNamedRanges() {
 
 void CExtFormulaDataManager::RefreshAllDependencies() {
   // A name read by a formula changes what the formula depends on.
-  std::vector<int64_t> keys;
-  m_formulaCells.ForEach([&](int64_t key, uint8_t) { keys.push_back(key); });
-  for (int64_t key : keys) {
+  std::vector<std::pair<int64_t, CExtFormulaGridCell*>> cells;
+  m_formulas.ForEach([&](int64_t key, const Registered& r) { cells.push_back({key, r.cell}); });
+  for (auto& [key, cell] : cells) {
     UnregisterFormula(key);
-    CExtFormulaGridCell& cell = **m_index.Find(key);
-    cell.m_bDepsKnown = false;
-    RegisterFormula(key, cell);
+    cell->m_bDepsKnown = false;
+    RegisterFormula(key, *cell);
   }
+}
+
+std::vector<std::string> CExtFormulaDataManager::GetRangeNames() const {
+  std::vector<std::string> names;
+  for (const auto& [name, set] : m_named) names.push_back(name);
+  return names;
 }
 
 }  // namespace qmk::toolkit::formula

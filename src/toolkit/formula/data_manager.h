@@ -1,5 +1,5 @@
 // data_manager.h: CExtFormulaDataManager, the spreadsheet engine: formula cells, named ranges,
-// dependencies, the order of computing and cycles; and CExtFormulaGridCell, a cell it keeps.
+// dependencies, the order of computing and cycles, over a grid cell store.
 #pragma once
 
 #include <algorithm>
@@ -11,55 +11,36 @@
 
 #include "platform/variant/variant.h"
 #include "toolkit/formula/alphabet.h"
+#include "toolkit/formula/formula_cell.h"
 #include "toolkit/formula/function.h"
 #include "toolkit/formula/item.h"
 #include "toolkit/formula/key_map.h"
 #include "toolkit/formula/manager.h"
+#include "toolkit/formula/reader_index.h"
 #include "toolkit/formula/scanner.h"
 #include "toolkit/formula/value.h"
+#include "toolkit/grid/provider.h"
 
 namespace qmk::toolkit::formula {
 
-// One cell of the sheet: a value, and for a formula cell its text, parse tree and error.
-class CExtFormulaGridCell {
- public:
-  bool IsFormula() const { return !m_strFormula.empty(); }
-  // Hidden inside a join: another cell covers it.
-  bool IsHiddenByJoin() const { return m_nJoinColumns <= 0 || m_nJoinRows <= 0; }
-  const CExtFormulaItem* GetTree() const { return m_tree.get(); }
-  const CExtFormulaItem* GetErrorItem() const { return m_pErrorItem; }
-  int GetErrorCode() const { return m_nErrorCode; }
-  void ResetCompiled() {
-    m_pErrorItem = nullptr;
-    m_nErrorCode = 0;
-    m_tree.reset();
-    m_bDepsKnown = false;
-    m_bComputed = false;
-  }
-  // The value as the cell shows it.
-  std::string DisplayText() const;
-
-  std::string m_strFormula;
-  std::unique_ptr<CExtFormulaItem> m_tree;
-  const CExtFormulaItem* m_pErrorItem = nullptr;
-  int m_nErrorCode = 0;
-  platform::Variant m_value = platform::Variant::Str("");
-  bool m_bEmpty = true;
-  int m_nJoinColumns = 1, m_nJoinRows = 1;
-  // The cells the tree reads, kept while the tree lives.
-  CExtGridRangeSet m_deps;
-  bool m_bDepsKnown = false;
-  bool m_bComputed = false;  // the stored value is the result of the present formula
-};
-
+// The engine keeps its cells in a grid store: the one GetDataProvider gives. Used on its own it
+// makes a sparse store with joins of the size it was given, which is changed through the
+// manager only; the joint CExtFDP is itself the store and keeps the registry of formula cells
+// in step with the store's own changes. Positions here are data positions: the store's
+// reserved columns and rows lie before them.
 class CExtFormulaDataManager : public FormulaManager {
  public:
   CExtFormulaDataManager(int columns = 16384, int rows = 1048576) : m_nColumns(columns), m_nRows(rows) {}
-  ~CExtFormulaDataManager() override = default;
+  CExtFormulaDataManager(const CExtFormulaDataManager&) = delete;
+  CExtFormulaDataManager& operator=(const CExtFormulaDataManager&) = delete;
+  ~CExtFormulaDataManager() override;
 
-  // FormulaManager.
-  int GetColumnCount() const override { return m_nColumns; }
-  int GetRowCount() const override { return m_nRows; }
+  // The cell store; the manager's own sparse store unless a joint overrides it.
+  virtual grid::CExtGridDataProvider& GetDataProvider();
+
+  // FormulaManager: the store's data columns and rows.
+  int GetColumnCount() const override;
+  int GetRowCount() const override;
   const CExtGridRangeSet* FindNamedRange(const std::string& name) const override;
   bool IsBareNameFunction(const std::string& name) const override;
 
@@ -67,10 +48,15 @@ class CExtFormulaDataManager : public FormulaManager {
   CExtFormulaScanner& GetScanner() { return m_scanner; }
   CExtFormulaFunctionSet& GetFunctionSet();
 
-  // The cell at a position; created on request. Null without one.
+  // Whatever cell the store holds at a data position, or null.
+  grid::CExtGridCell* GetGridCell(int column, int row) const;
+  // The formula cell at a position; with `create` one is made, and a cell of another class
+  // there is replaced by a formula cell with its value. Null without one.
   CExtFormulaGridCell* GetCell(int column, int row, bool create = false);
   const CExtFormulaGridCell* FindCell(int column, int row) const;
-  size_t GetCellCount() const { return m_cells.size(); }
+  // The data position of a cell the store holds; false for any other.
+  virtual bool GetCellPosition(const grid::CExtGridCell* cell, int& column, int& row);
+  size_t GetFormulaCellCount() const { return m_formulas.size(); }
 
   // The value a formula reads at a position. False when it cannot be had.
   bool GetCellValue(FormulaContext& context, int column, int row, CExtFormulaValue& value,
@@ -78,19 +64,31 @@ class CExtFormulaDataManager : public FormulaManager {
   bool ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
                    const CExtFormulaItem*& errorItem);
   bool Compile(CExtFormulaGridCell& cell);
-  void SetError(CExtFormulaGridCell& cell, int code);
-  void SetErrorInCell(CExtFormulaGridCell& cell, int column, int row);
-  void SetCircularError(CExtFormulaGridCell& cell, CellPos first, CellPos second);
 
   // The text-setting path of a cell: a formula is parsed (retried with ")" appended), stored,
   // computed and its dependents recomputed; other text is a plain value. Returns the positions
   // recomputed after the cell itself, in order.
   std::vector<CellPos> SetCellText(int column, int row, const std::string& text);
+  // Computes a formula cell in a fresh context, then its dependents; the positions computed
+  // after the cell itself.
+  std::vector<CellPos> ComputeCellAndDependents(int column, int row);
   // Stores a text as SetCellText does, without computing anything: for loading many cells
   // before one RecomputeAll. True when the text is a formula.
   bool PutCellText(int column, int row, const std::string& text);
   // Covers `columns` by `rows` cells from (column, row) with one cell; the others are hidden.
-  void SetJoin(int column, int row, int columns, int rows);
+  bool SetJoin(int column, int row, int columns, int rows);
+
+  // The registry of formula cells. The manager does not own them: the store does.
+  void RegisterCell(int column, int row, CExtFormulaGridCell* cell);
+  void UnregisterCell(int column, int row);
+  // Every formula cell inside `set`; nothing for an empty set.
+  void UnregisterRange(const CExtGridRangeSet& set);
+  void UnregisterCells(const std::vector<CellPos>& cells);
+  // Registers `cell` when it is not null, else unregisters the position.
+  void SetCell(int column, int row, CExtFormulaGridCell* cell);
+  // Forgets the registry and registers again every formula cell the store holds: after the
+  // store moved, sorted, loaded or dropped cells.
+  void RegisterAllCells();
 
   // Formula cells that read (column, row); transitively with `recursive`. In position order.
   void CollectDependents(int column, int row, bool includeSelf, std::vector<CellPos>& result, bool recursive,
@@ -110,10 +108,18 @@ class CExtFormulaDataManager : public FormulaManager {
   bool RemoveNamedRange(const std::string& name);
   size_t RemoveAllNamedRanges();
   size_t GetRangeNameCount() const { return m_named.size(); }
+  // The names in order; an empty list without any.
+  std::vector<std::string> GetRangeNames() const;
 
   // Moves the formula's references inside `filter` (all with null) by (dx, dy).
   bool ShiftFormula(CExtFormulaGridCell& cell, int dx, int dy, const CExtGridRangeSet* filter);
-  // Column and row insert and remove with reference shifting, then everything recomputed.
+  // The same for the formula cell at a position, which stays registered with its new reads.
+  bool ShiftCellFormula(int column, int row, int dx, int dy, const CExtGridRangeSet* filter);
+  // Moves the references inside `filter` of every formula at or behind `from` in the direction
+  // by `delta`: what an insert (positive) or removal (negative) of series asks of formulas.
+  void ShiftAllFormulas(bool columns, int from, int delta);
+  // Column and row insert and remove in the store with reference shifting, then everything
+  // recomputed.
   bool ColumnInsert(int position, int count) { return SeriesInsert(true, position, count); }
   bool RowInsert(int position, int count) { return SeriesInsert(false, position, count); }
   bool ColumnRemove(int position, int count) { return SeriesRemove(true, position, count); }
@@ -127,60 +133,81 @@ class CExtFormulaDataManager : public FormulaManager {
   template <typename Visit>
   bool ForEachExistingCell(const CExtGridRangeSet& set, Visit visit) const;
 
+ protected:
+  // The store's insert and removal of series, in data positions, with no formula work; the
+  // joint calls its store's own.
+  virtual bool StoreSeriesInsert(bool columns, int position, int count);
+  virtual bool StoreSeriesRemove(bool columns, int position, int count);
+  virtual bool StoreJoin(int column, int row, int columns, int rows);
+  void ReservedCounts(int& columns, int& rows) const;
+  grid::CExtGridDataProvider& Store() const;
+  // A plain value: a number when the whole text reads as one, else the text; empty empties.
+  static void StorePlainText(grid::CExtGridCell& cell, const std::string& text);
+  void SetError(CExtFormulaGridCell& cell, int code) { cell.SetError(code); }
+  void SetCircularError(CExtFormulaGridCell& cell, CellPos first, CellPos second);
+
  private:
+  // Where the reverse index keeps a formula: by the cells it reads, by blocks, or among the
+  // few that read very wide ranges.
+  enum class ReaderKind : uint8_t { kCells, kBlocks, kWide };
+  struct Registered {
+    CExtFormulaGridCell* cell = nullptr;
+    ReaderKind kind = ReaderKind::kCells;
+  };
+  // The cell the store holds at a position, or a new formula cell there.
+  grid::CExtGridCell* MakeGridCell(int column, int row);
+  // Every stored cell's data position, in position order.
+  std::vector<CellPos> StoredPositions(const CellRect& within) const;
   void RegisterFormula(int64_t key, CExtFormulaGridCell& cell);
   void UnregisterFormula(int64_t key);
   const CExtGridRangeSet& Dependencies(CExtFormulaGridCell& cell);
   void DirectDependents(int column, int row, std::vector<int64_t>& out);
-  void RebuildIndex();
   void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
+  // Appends the registered formula cells inside `deps`, in position order per rectangle.
+  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const;
+  bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
+                          const CExtFormulaItem*& errorItem);
+  std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order, CellPos skip);
   void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
   void WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack, long& budget);
   bool SeriesInsert(bool columns, int position, int count);
   bool SeriesRemove(bool columns, int position, int count);
-  void MoveCells(bool columns, int position, int delta);
-  void ShiftAllFormulas(bool columns, int from, int delta);
   bool CopyTile(const CellRect& from, int dx, int dy);
 
   int m_nColumns, m_nRows;
+  std::unique_ptr<grid::CExtGridDataProvider> m_pOwnStore;  // made on first use
+  mutable grid::CExtGridDataProvider* m_pStore = nullptr;           // GetDataProvider's answer, kept
   CExtFormulaAlphabet m_alphabet;
   CExtFormulaScanner m_scanner;
   std::unique_ptr<CExtFormulaFunctionSet> m_functions;
-  std::unordered_map<int64_t, CExtFormulaGridCell> m_cells;  // owns the cells
-  FlatKeyMap<CExtFormulaGridCell*> m_index;                  // finds them
   std::map<std::string, CExtGridRangeSet> m_named;
-  // Reverse index: for each block of cells, the formula cells whose references touch it.
+  FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
+  // Reverse index: for each cell, the small formulas reading it; for each block of cells, the
+  // middling formulas whose references touch it.
+  CellReaderIndex m_cellReaders;
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
-  FlatKeyMap<uint8_t> m_formulaCells;  // registered: 1, or 2 when in m_wideReaders
-  // Cells waiting to be computed in the running pass; null outside a pass.
-  const FlatKeySet* m_pPending = nullptr;
+  // Passes of ComputeInOrder running; inside one a cell marked pending is stale.
+  int m_nPassDepth = 0;
   int m_nDepth = 0;
 };
 
 template <typename Visit>
 bool CExtFormulaDataManager::ForEachExistingCell(const CExtGridRangeSet& set, Visit visit) const {
+  // A rectangle with more positions than this is walked through the store's cells instead.
+  constexpr long long kProbeLimit = 4096;
   for (const CellRect& rect : set.Rects()) {
     const long long area = (static_cast<long long>(rect.right) - rect.left + 1) *
                            (static_cast<long long>(rect.bottom) - rect.top + 1);
-    if (area > static_cast<long long>(m_cells.size())) {
-      // Fewer cells than positions: walk the cells and visit them in position order.
-      std::vector<std::pair<CellPos, const CExtFormulaGridCell*>> found;
-      for (const auto& [key, cell] : m_cells) {
-        const CellPos pos = KeyPosition(key);
-        if (rect.Contains(pos.column, pos.row)) found.push_back({pos, &cell});
-      }
-      std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
-        return a.first.row != b.first.row ? a.first.row < b.first.row : a.first.column < b.first.column;
-      });
-      for (const auto& [pos, cell] : found)
+    if (area > kProbeLimit) {
+      for (const CellPos& pos : StoredPositions(rect))
         if (!visit(pos.column, pos.row)) return false;
       continue;
     }
     for (int row = rect.top; row <= rect.bottom; ++row)
       for (int column = rect.left; column <= rect.right; ++column)
-        if (m_index.Contains(PositionKey(column, row)) && !visit(column, row)) return false;
+        if (GetGridCell(column, row) != nullptr && !visit(column, row)) return false;
   }
   return true;
 }

@@ -1,6 +1,7 @@
 // data_manager_edit.cpp: moving references: formulas shifted, columns and rows inserted and
 // removed, and the fill commands.
 #include <algorithm>
+#include <climits>
 
 #include "toolkit/formula/data_manager.h"
 
@@ -16,34 +17,16 @@ constexpr int kFillDown = 59422;
 }  // namespace
 
 bool CExtFormulaDataManager::ShiftFormula(CExtFormulaGridCell& cell, int dx, int dy, const CExtGridRangeSet* filter) {
-  if (dx == 0 && dy == 0) return true;
-  if (!cell.IsFormula()) return false;
-  if (!cell.m_tree && !Compile(cell)) return false;
-  cell.m_pErrorItem = nullptr;
-  std::string text = cell.m_strFormula;
-  // Named ranges are never rewritten: a name keeps pointing where it pointed.
-  cell.m_tree->ShiftReferences(this, m_alphabet, text, dx, dy, filter);
-  cell.m_strFormula = text;
-  cell.ResetCompiled();
-  return true;
+  return cell.ShiftFormula(*this, dx, dy, filter);
 }
 
-void CExtFormulaDataManager::MoveCells(bool columns, int position, int delta) {
-  // Every cell at or behind `position` moves by `delta`; cells of a removed span are gone.
-  std::unordered_map<int64_t, CExtFormulaGridCell> moved;
-  moved.reserve(m_cells.size());
-  for (auto& [key, cell] : m_cells) {
-    CellPos p = KeyPosition(key);
-    int& coordinate = columns ? p.column : p.row;
-    if (coordinate >= position) {
-      if (delta < 0 && coordinate < position - delta) continue;
-      coordinate += delta;
-    }
-    moved.emplace(PositionKey(p.column, p.row), std::move(cell));
-  }
-  m_cells.swap(moved);
-  m_index.clear();
-  for (auto& [key, cell] : m_cells) m_index.Insert(key, &cell);
+bool CExtFormulaDataManager::ShiftCellFormula(int column, int row, int dx, int dy, const CExtGridRangeSet* filter) {
+  CExtFormulaGridCell* cell = GetCell(column, row);
+  if (cell == nullptr) return false;
+  UnregisterCell(column, row);
+  const bool shifted = cell->ShiftFormula(*this, dx, dy, filter);
+  RegisterCell(column, row, cell);
+  return shifted;
 }
 
 void CExtFormulaDataManager::ShiftAllFormulas(bool columns, int from, int delta) {
@@ -51,39 +34,48 @@ void CExtFormulaDataManager::ShiftAllFormulas(bool columns, int from, int delta)
   const CellRect region = columns ? CellRect{from, 0, m_alphabet.GetMaxColumn(), m_alphabet.GetMaxRow()}
                                   : CellRect{0, from, m_alphabet.GetMaxColumn(), m_alphabet.GetMaxRow()};
   const CExtGridRangeSet filter(region);
-  for (auto& [key, cell] : m_cells)
-    if (cell.IsFormula()) ShiftFormula(cell, columns ? delta : 0, columns ? 0 : delta, &filter);
+  for (const CellPos& p : StoredPositions(CellRect{0, 0, INT32_MAX, INT32_MAX}))
+    if (CExtFormulaGridCell* cell = GetCell(p.column, p.row); cell != nullptr && cell->IsFormula())
+      cell->ShiftFormula(*this, columns ? delta : 0, columns ? 0 : delta, &filter);
+  RegisterAllCells();
 }
 
-void CExtFormulaDataManager::RebuildIndex() {
-  m_blockReaders.clear();
-  m_wideReaders.clear();
-  m_formulaCells.clear();
-  for (auto& [key, cell] : m_cells) {
-    cell.m_bDepsKnown = false;
-    cell.m_deps.Empty();
-    if (cell.IsFormula()) RegisterFormula(key, cell);
-  }
+bool CExtFormulaDataManager::StoreSeriesInsert(bool columns, int position, int count) {
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  return columns ? Store().ColumnInsert(position + reservedColumns, count)
+                 : Store().RowInsert(position + reservedRows, count);
+}
+
+bool CExtFormulaDataManager::StoreSeriesRemove(bool columns, int position, int count) {
+  int reservedColumns = 0, reservedRows = 0;
+  ReservedCounts(reservedColumns, reservedRows);
+  return columns ? Store().ColumnRemove(position + reservedColumns, count)
+                 : Store().RowRemove(position + reservedRows, count);
 }
 
 bool CExtFormulaDataManager::SeriesInsert(bool columns, int position, int count) {
-  if (position < 0 || count <= 0) return false;
+  if (position < 0 || count <= 0 || position > (columns ? GetColumnCount() : GetRowCount())) return false;
+  if (!StoreSeriesInsert(columns, position, count)) return false;
   ShiftAllFormulas(columns, position, count);
-  MoveCells(columns, position, count);
-  (columns ? m_nColumns : m_nRows) += count;
-  RebuildIndex();
   RecomputeAll();
   return true;
 }
 
 bool CExtFormulaDataManager::SeriesRemove(bool columns, int position, int count) {
-  if (position < 0 || count <= 0) return false;
-  // Formulas of the removed span go with their cells; references to removed cells move like
-  // the others, there is no lost-reference value.
-  MoveCells(columns, position, -count);
+  const int total = columns ? GetColumnCount() : GetRowCount();
+  if (position < 0 || count <= 0 || position >= total) return false;
+  count = std::min(count, total - position);
+  // The formulas of the removed span leave the registry before the store deletes their cells.
+  const int last = position + count - 1;
+  UnregisterRange(CExtGridRangeSet(columns ? CellRect{position, 0, last, INT32_MAX}
+                                           : CellRect{0, position, INT32_MAX, last}));
+  if (!StoreSeriesRemove(columns, position, count)) {
+    RegisterAllCells();
+    return false;
+  }
+  // References to removed cells stay as written; those behind the span move back.
   ShiftAllFormulas(columns, position + count, -count);
-  (columns ? m_nColumns : m_nRows) = std::max(0, (columns ? m_nColumns : m_nRows) - count);
-  RebuildIndex();
   RecomputeAll();
   return true;
 }
@@ -91,25 +83,26 @@ bool CExtFormulaDataManager::SeriesRemove(bool columns, int position, int count)
 bool CExtFormulaDataManager::CopyTile(const CellRect& from, int dx, int dy) {
   for (int row = from.top; row <= from.bottom; ++row)
     for (int column = from.left; column <= from.right; ++column) {
-      const CExtFormulaGridCell* source = FindCell(column, row);
       const long long tc = static_cast<long long>(column) + dx, tr = static_cast<long long>(row) + dy;
-      if (tc < 0 || tr < 0 || tc > m_alphabet.GetMaxColumn() || tr > m_alphabet.GetMaxRow()) return false;
-      CExtFormulaGridCell* target = GetCell(static_cast<int>(tc), static_cast<int>(tr), true);
-      const int64_t key = PositionKey(static_cast<int>(tc), static_cast<int>(tr));
-      UnregisterFormula(key);
+      if (tc < 0 || tr < 0 || tc >= GetColumnCount() || tr >= GetRowCount()) return false;
+      const int targetColumn = static_cast<int>(tc), targetRow = static_cast<int>(tr);
+      const grid::CExtGridCell* source = GetGridCell(column, row);
+      UnregisterCell(targetColumn, targetRow);
       if (source == nullptr) {
-        *target = CExtFormulaGridCell();
+        if (grid::CExtGridCell* target = GetGridCell(targetColumn, targetRow)) {
+          // The tile's gap empties the target, keeping its place in any join.
+          CExtFormulaGridCell blank;
+          if (const auto* data = dynamic_cast<const grid::CExtGridCellEx*>(target)) blank.JoinSet(data->JoinGet());
+          target->Assign(blank);
+        }
         continue;
       }
-      target->m_strFormula = source->m_strFormula;
-      target->m_value = source->m_value;
-      target->m_bEmpty = source->m_bEmpty;
-      target->m_nJoinColumns = source->m_nJoinColumns;
-      target->m_nJoinRows = source->m_nJoinRows;
-      target->ResetCompiled();
+      CExtFormulaGridCell* target = GetCell(targetColumn, targetRow, true);
+      if (target == nullptr) return false;
+      target->Assign(*source);
       if (target->IsFormula()) {
-        ShiftFormula(*target, dx, dy, nullptr);
-        RegisterFormula(key, *target);
+        target->ShiftFormula(*this, dx, dy, nullptr);
+        RegisterFormula(PositionKey(targetColumn, targetRow), *target);
       }
     }
   return true;

@@ -1,0 +1,274 @@
+// data_manager_registry.cpp: the registry of formula cells with its reverse index, and the
+// walks over it: dependents, precedents and the order of computing.
+#include <algorithm>
+
+#include "toolkit/formula/data_manager.h"
+
+namespace qmk::toolkit::formula {
+
+namespace {
+
+// The reverse index groups cells in blocks of 4 columns by 16 rows.
+constexpr int kBlockColumnShift = 2;
+constexpr int kBlockRowShift = 4;
+constexpr long long kMaxBlocksPerReader = 64;
+// A formula reading at most this many cells is entered under each of them.
+constexpr long long kMaxCellsPerReader = 16;
+
+int64_t BlockKey(int column, int row) { return PositionKey(column >> kBlockColumnShift, row >> kBlockRowShift); }
+
+bool PositionLess(CellPos a, CellPos b) { return a.row != b.row ? a.row < b.row : a.column < b.column; }
+
+// Calls `visit(cellKey)` for every cell of the set.
+template <typename Visit>
+void ForEachCellOf(const CExtGridRangeSet& set, Visit visit) {
+  for (const CellRect& rect : set.Rects())
+    for (int r = rect.top; r <= rect.bottom; ++r)
+      for (int c = rect.left; c <= rect.right; ++c) visit(PositionKey(c, r));
+}
+
+// Calls `visit(blockKey)` for every block a rectangle of the set touches.
+template <typename Visit>
+void ForEachBlock(const CExtGridRangeSet& set, Visit visit) {
+  for (const CellRect& rect : set.Rects())
+    for (int by = rect.top >> kBlockRowShift; by <= rect.bottom >> kBlockRowShift; ++by)
+      for (int bx = rect.left >> kBlockColumnShift; bx <= rect.right >> kBlockColumnShift; ++bx)
+        visit(PositionKey(bx, by));
+}
+
+}  // namespace
+
+const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(CExtFormulaGridCell& cell) {
+  if (!cell.m_bDepsKnown) {
+    cell.m_deps.Empty();
+    if (cell.m_tree || Compile(cell)) cell.m_tree->CollectDependencies(this, m_alphabet, cell.m_deps);
+    cell.m_bDepsKnown = true;
+  }
+  return cell.m_deps;
+}
+
+void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& cell) {
+  if (!cell.IsFormula()) {
+    UnregisterFormula(key);
+    return;
+  }
+  // One probe of the registry for a new cell: an entry already there is taken out first.
+  bool fresh = false;
+  m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells}, &fresh);
+  if (!fresh) {
+    UnregisterFormula(key);
+    m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells});
+  }
+  const CExtGridRangeSet& deps = Dependencies(cell);
+  long long blocks = 0, cells = 0;
+  for (const CellRect& rect : deps.Rects()) {
+    blocks += ((static_cast<long long>(rect.right) >> kBlockColumnShift) - (rect.left >> kBlockColumnShift) + 1) *
+              ((static_cast<long long>(rect.bottom) >> kBlockRowShift) - (rect.top >> kBlockRowShift) + 1);
+    cells += (static_cast<long long>(rect.right) - rect.left + 1) * (static_cast<long long>(rect.bottom) - rect.top + 1);
+  }
+  const ReaderKind kind = cells <= kMaxCellsPerReader     ? ReaderKind::kCells
+                          : blocks <= kMaxBlocksPerReader ? ReaderKind::kBlocks
+                                                          : ReaderKind::kWide;
+  m_formulas.Find(key)->kind = kind;
+  switch (kind) {
+    case ReaderKind::kCells:
+      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Add(read, key); });
+      break;
+    case ReaderKind::kBlocks:
+      ForEachBlock(deps, [&](int64_t block) {
+        std::vector<int64_t>& readers = m_blockReaders[block];
+        if (readers.empty() || readers.back() != key) readers.push_back(key);
+      });
+      break;
+    case ReaderKind::kWide:
+      m_wideReaders.push_back(key);
+      break;
+  }
+}
+
+void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
+  const Registered* registered = m_formulas.Find(key);
+  if (registered == nullptr) return;
+  // The cell's dependency set is the one it was entered with: it is collected again only
+  // after a change of text, which unregisters first.
+  const CExtGridRangeSet& deps = registered->cell->m_deps;
+  switch (registered->kind) {
+    case ReaderKind::kCells:
+      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Remove(read, key); });
+      break;
+    case ReaderKind::kBlocks:
+      ForEachBlock(deps, [&](int64_t block) {
+        const auto found = m_blockReaders.find(block);
+        if (found == m_blockReaders.end()) return;
+        auto& readers = found->second;
+        readers.erase(std::remove(readers.begin(), readers.end(), key), readers.end());
+        if (readers.empty()) m_blockReaders.erase(found);
+      });
+      break;
+    case ReaderKind::kWide:
+      m_wideReaders.erase(std::remove(m_wideReaders.begin(), m_wideReaders.end(), key), m_wideReaders.end());
+      break;
+  }
+  m_formulas.Erase(key);
+}
+
+void CExtFormulaDataManager::RegisterCell(int column, int row, CExtFormulaGridCell* cell) {
+  if (column < 0 || row < 0 || cell == nullptr) return;
+  RegisterFormula(PositionKey(column, row), *cell);
+}
+
+void CExtFormulaDataManager::UnregisterCell(int column, int row) { UnregisterFormula(PositionKey(column, row)); }
+
+void CExtFormulaDataManager::SetCell(int column, int row, CExtFormulaGridCell* cell) {
+  if (cell != nullptr)
+    RegisterCell(column, row, cell);
+  else
+    UnregisterCell(column, row);
+}
+
+void CExtFormulaDataManager::UnregisterCells(const std::vector<CellPos>& cells) {
+  for (const CellPos& p : cells) UnregisterCell(p.column, p.row);
+}
+
+void CExtFormulaDataManager::UnregisterRange(const CExtGridRangeSet& set) {
+  if (set.IsEmpty()) return;
+  std::vector<int64_t> inside;
+  m_formulas.ForEach([&](int64_t key, const Registered&) {
+    if (set.Contains(KeyPosition(key))) inside.push_back(key);
+  });
+  for (int64_t key : inside) UnregisterFormula(key);
+}
+
+void CExtFormulaDataManager::RegisterAllCells() {
+  m_formulas.clear();
+  m_cellReaders.clear();
+  m_blockReaders.clear();
+  m_wideReaders.clear();
+  for (const CellPos& p : StoredPositions(CellRect{0, 0, INT32_MAX, INT32_MAX})) {
+    CExtFormulaGridCell* cell = GetCell(p.column, p.row);
+    if (cell == nullptr || !cell->IsFormula()) continue;
+    cell->m_bDepsKnown = false;
+    RegisterFormula(PositionKey(p.column, p.row), *cell);
+  }
+}
+
+void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<int64_t>& out) {
+  out.clear();
+  // Readers entered under the cell read it by construction.
+  m_cellReaders.ForEachReader(PositionKey(column, row), [&](int64_t reader) { out.push_back(reader); });
+  auto consider = [&](int64_t reader) {
+    Registered* registered = m_formulas.Find(reader);
+    if (registered != nullptr && Dependencies(*registered->cell).Contains(column, row)) out.push_back(reader);
+  };
+  const auto block = m_blockReaders.find(BlockKey(column, row));
+  if (block != m_blockReaders.end())
+    for (int64_t reader : block->second) consider(reader);
+  for (int64_t reader : m_wideReaders) consider(reader);
+  if (out.size() > 1) {
+    std::sort(out.begin(), out.end(),
+              [](int64_t a, int64_t b) { return PositionLess(KeyPosition(a), KeyPosition(b)); });
+    out.erase(std::unique(out.begin(), out.end()), out.end());
+  }
+}
+
+void CExtFormulaDataManager::CollectDependents(int column, int row, bool includeSelf, std::vector<CellPos>& result,
+                                               bool recursive, bool append) {
+  if (!append) result.clear();
+  FlatKeySet seen;
+  for (const CellPos& p : result) seen.Insert(PositionKey(p.column, p.row), 1);
+  const int64_t start = PositionKey(column, row);
+  std::vector<int64_t> work{start}, direct;
+  // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
+  // become a million nested calls.
+  for (size_t next = 0; next < work.size(); ++next) {
+    const CellPos at = KeyPosition(work[next]);
+    DirectDependents(at.column, at.row, direct);
+    for (int64_t reader : direct) {
+      if (reader == start && !includeSelf) continue;
+      bool fresh = false;
+      seen.Insert(reader, 1, &fresh);
+      if (!fresh) continue;
+      result.push_back(KeyPosition(reader));
+      if (recursive) work.push_back(reader);
+    }
+    if (!recursive) break;
+  }
+}
+
+void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const {
+  // Plain cells are no precedents, since they need no computing: only the registry is asked.
+  constexpr long long kProbeLimit = 4096;
+  for (const CellRect& rect : deps.Rects()) {
+    const long long area = (static_cast<long long>(rect.right) - rect.left + 1) *
+                           (static_cast<long long>(rect.bottom) - rect.top + 1);
+    if (area > kProbeLimit || area > static_cast<long long>(m_formulas.size())) {
+      const size_t first = out.size();
+      m_formulas.ForEach([&](int64_t key, const Registered&) {
+        const CellPos p = KeyPosition(key);
+        if (rect.Contains(p.column, p.row)) out.push_back(p);
+      });
+      std::sort(out.begin() + static_cast<std::ptrdiff_t>(first), out.end(), PositionLess);
+      continue;
+    }
+    for (int r = rect.top; r <= rect.bottom; ++r)
+      for (int c = rect.left; c <= rect.right; ++c)
+        if (m_formulas.Contains(PositionKey(c, r))) out.push_back({c, r});
+  }
+}
+
+void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
+  result.clear();
+  Registered* registered = m_formulas.Find(PositionKey(column, row));
+  if (registered != nullptr) AppendFormulaCellsIn(Dependencies(*registered->cell), result);
+}
+
+void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
+  OrderForCompute(cells, order, nullptr);
+}
+
+void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order,
+                                             std::vector<CellPos>* cyclic) {
+  // Only the cells asked for are ordered: precedents outside them hold current values.
+  enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
+  FlatKeyMap<uint8_t> state;
+  for (const CellPos& p : cells) state.Insert(PositionKey(p.column, p.row), kWanted);
+  struct Frame {
+    CellPos pos;
+    size_t next;  // the next precedent to visit, in `precedents`
+  };
+  std::vector<Frame> stack;
+  // The precedents of every frame on the stack, the innermost last.
+  std::vector<CellPos> precedents;
+  std::vector<size_t> ends;
+  auto enter = [&](CellPos p, uint8_t& mark) {
+    mark = kOnStack;
+    stack.push_back({p, precedents.size()});
+    if (const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row)))
+      AppendFormulaCellsIn(Dependencies(*registered->cell), precedents);
+    ends.push_back(precedents.size());
+  };
+  for (const CellPos& first : cells) {
+    uint8_t& mark = *state.Find(PositionKey(first.column, first.row));
+    if (mark != kWanted) continue;
+    enter(first, mark);
+    while (!stack.empty()) {
+      Frame& top = stack.back();
+      if (top.next == ends.back()) {
+        *state.Find(PositionKey(top.pos.column, top.pos.row)) = kDone;
+        order.push_back(top.pos);
+        precedents.resize(ends.size() > 1 ? ends[ends.size() - 2] : 0);
+        ends.pop_back();
+        stack.pop_back();
+        continue;
+      }
+      const CellPos p = precedents[top.next++];
+      uint8_t* seen = state.Find(PositionKey(p.column, p.row));
+      if (seen == nullptr) continue;
+      // A precedent still being ordered reads, through its own precedents, this very cell.
+      if (*seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
+      if (*seen == kWanted) enter(p, *seen);
+    }
+  }
+}
+
+}  // namespace qmk::toolkit::formula
