@@ -172,3 +172,34 @@ TEST(FormulaDataProvider, ACellOfAnotherKindIsReplacedWhenAFormulaArrives) {
 
 }  // namespace
 }  // namespace qmk::toolkit::formula
+
+namespace qmk::toolkit::formula {
+namespace {
+
+TEST(FormulaDataProvider, StoreArchiveWithFormulaCellsReadsBack) {
+  CExtFormulaDataProvider sheet(10, 10);
+  sheet.SetCellText(0, 0, "3");
+  sheet.SetCellText(1, 0, "=A1*2");
+  platform::Archive out = platform::Archive::ToMemory();
+  ASSERT_TRUE(sheet.Serialize(out));
+  const std::vector<uint8_t> bytes = out.TakeStored();
+  // The formula cell's class is named in the archive; a fresh store must know it by that name.
+  CExtFormulaDataProvider copy(10, 10);
+  platform::Archive in = platform::Archive::FromMemory(bytes.data(), bytes.size());
+  ASSERT_TRUE(copy.Serialize(in));
+  auto* cell = dynamic_cast<CExtFormulaGridCell*>(copy.CellGet(1, 0));
+  ASSERT_NE(cell, nullptr);
+  EXPECT_EQ(cell->FormulaText(), "=A1*2");
+  EXPECT_EQ(grid::FindCellClass(CExtFormulaGridCell::kClass.name), &CExtFormulaGridCell::kClass);
+}
+
+TEST(GridCellClasses, RegisteringTwiceOrUnderATakenNameIsRefusedQuietly) {
+  EXPECT_TRUE(grid::RegisterCellClass(&CExtFormulaGridCell::kClass));
+  EXPECT_TRUE(grid::RegisterCellClass(&CExtFormulaGridCell::kClass));
+  EXPECT_FALSE(grid::RegisterCellClass(nullptr));
+  grid::CellClass impostor = CExtFormulaGridCell::kClass;
+  EXPECT_FALSE(grid::RegisterCellClass(&impostor));
+}
+
+}  // namespace
+}  // namespace qmk::toolkit::formula

@@ -43,6 +43,11 @@ bool IsHiddenByJoin(const grid::CExtGridCell& cell) {
 
 }  // namespace
 
+CExtFormulaDataManager::CExtFormulaDataManager(int columns, int rows) : m_nColumns(columns), m_nRows(rows) {
+  // A store holding formula cells can then be read back from its archive.
+  grid::RegisterCellClass(&CExtFormulaGridCell::kClass);
+}
+
 CExtFormulaDataManager::~CExtFormulaDataManager() = default;
 
 grid::CExtGridDataProvider& CExtFormulaDataManager::GetDataProvider() {

@@ -30,7 +30,7 @@ namespace qmk::toolkit::formula {
 // reserved columns and rows lie before them.
 class CExtFormulaDataManager : public FormulaManager {
  public:
-  CExtFormulaDataManager(int columns = 16384, int rows = 1048576) : m_nColumns(columns), m_nRows(rows) {}
+  CExtFormulaDataManager(int columns = 16384, int rows = 1048576);
   CExtFormulaDataManager(const CExtFormulaDataManager&) = delete;
   CExtFormulaDataManager& operator=(const CExtFormulaDataManager&) = delete;
   ~CExtFormulaDataManager() override;

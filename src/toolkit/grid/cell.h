@@ -34,8 +34,12 @@ struct CellClass {
 
 // The class of `name`, or null for a name no cell class has.
 const CellClass* FindCellClass(const std::string& name);
-// Every cell class an archive may name, in a fixed order.
+// Every cell class of the grid that an archive may name, in a fixed order.
 std::span<const CellClass* const> CellClasses();
+// Adds a cell class of an engine built on the grid (formula cells, say), so that archives may
+// name it too. Adding the same class again changes nothing; false for a null class or one whose
+// name another class has.
+bool RegisterCellClass(const CellClass* cell_class);
 
 // Frees a cell the way a provider does: reset, destroy, give the memory back. A null `alloc`
 // means the cell came from the heap.

@@ -1,5 +1,7 @@
 // cell_classes.cpp: the table of cell classes that archives name.
 #include <cstring>
+#include <mutex>
+#include <vector>
 
 #include "toolkit/grid/cell_combo_lists.h"
 #include "toolkit/grid/cell_duration.h"
@@ -71,8 +73,36 @@ std::span<const CellClass* const> CellClasses() {
   return kClasses;
 }
 
+namespace {
+
+struct AddedClasses {
+  std::mutex lock;
+  std::vector<const CellClass*> classes;
+};
+
+AddedClasses& Added() {
+  static AddedClasses added;
+  return added;
+}
+
+}  // namespace
+
+bool RegisterCellClass(const CellClass* cell_class) {
+  if (!cell_class || !cell_class->name) return false;
+  const CellClass* same = FindCellClass(cell_class->name);
+  if (same) return same == cell_class;
+  AddedClasses& added = Added();
+  std::lock_guard<std::mutex> hold(added.lock);
+  added.classes.push_back(cell_class);
+  return true;
+}
+
 const CellClass* FindCellClass(const std::string& name) {
   for (const CellClass* c : CellClasses())
+    if (name == c->name) return c;
+  AddedClasses& added = Added();
+  std::lock_guard<std::mutex> hold(added.lock);
+  for (const CellClass* c : added.classes)
     if (name == c->name) return c;
   return nullptr;
 }
