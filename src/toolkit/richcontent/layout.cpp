@@ -102,6 +102,8 @@ void CExtRichContentLayout::Empty() {
   m_rules.clear();
   m_linked.clear();
   m_arena.clear();
+  m_sharedRules.Clear();
+  m_sharedStyles.Clear();
   m_nForm = 0;
   m_nErrors = 0;
 }
