@@ -115,20 +115,30 @@ void CExtRichContentItem::ApplyDeclarations(CExtRichStyleRule& rule, const CExtR
   }
 }
 
+// Alike elements share one record: a long document's memory stays in proportion to its variety,
+// not its length.
 const CExtRichStyleDescription& CExtRichContentItem::ComputeStyle(const CExtRichStyleDescription& parentStyle) {
   if (m_bComputed && m_pStyle) return *m_pStyle;
   CExtRichStyleDescription style;
-  style.CopyFromParent(parentStyle);
   if (IsElement()) {
     CExtRichStyleRule rule;
     ComputeRule(rule, parentStyle);
+    // The same rule under the same parent style gives the same style: found, not computed.
+    if (const CExtRichStyleDescription* known = m_pLayout->KnownStyle(m_pRule, &parentStyle, m_bBlockDisplay)) {
+      m_pStyle = known;
+      m_bComputed = true;
+      return *m_pStyle;
+    }
+    style.CopyFromParent(parentStyle);
     style.Compute(rule, parentStyle);
     if (m_bBlockDisplay && rule.m_enums[kDisplay] == InfoOf(kDisplay).reset) style.m_enums[kDisplay] = 1;
-  } else if (m_nKind == kKindRoot) {
-    style.Assign(parentStyle);
+    m_pStyle = m_pLayout->ShareStyle(style);
+    m_pLayout->RememberStyle(m_pRule, &parentStyle, m_bBlockDisplay, m_pStyle);
+    m_bComputed = true;
+    return *m_pStyle;
   }
-  // Alike elements share one record: a long document's memory stays in proportion to its
-  // variety, not its length.
+  style.CopyFromParent(parentStyle);
+  if (m_nKind == kKindRoot) style.Assign(parentStyle);
   m_pStyle = m_pLayout->ShareStyle(style);
   m_bComputed = true;
   return *m_pStyle;

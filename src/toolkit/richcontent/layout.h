@@ -97,6 +97,12 @@ class CExtRichContentLayout : public CExtRichContentEventsBroadcast {
     return m_sharedStyles.Share(style);
   }
   size_t SharedStyleCount() const { return m_sharedStyles.Size(); }
+  // The style an element of a shared rule gets under a shared parent style, when it was
+  // computed before; null otherwise. Only records of this document are remembered.
+  const CExtRichStyleDescription* KnownStyle(const CExtRichStyleRule* rule, const CExtRichStyleDescription* parent,
+                                             bool blockDisplay) const;
+  void RememberStyle(const CExtRichStyleRule* rule, const CExtRichStyleDescription* parent, bool blockDisplay,
+                     const CExtRichStyleDescription* style);
 
   // Called by the tokenizer.
   void AddToFlatList(CExtRichContentItem* item) { m_items.push_back(item); }
@@ -123,6 +129,18 @@ class CExtRichContentLayout : public CExtRichContentEventsBroadcast {
   std::vector<CExtRichContentLayout*> m_linked;
   SharedRecordPool<CExtRichStyleRule> m_sharedRules;
   SharedRecordPool<CExtRichStyleDescription> m_sharedStyles;
+  struct StyleKey {
+    const CExtRichStyleRule* rule;
+    const CExtRichStyleDescription* parent;
+    bool block;
+    bool operator==(const StyleKey&) const = default;
+  };
+  struct StyleKeyHash {
+    size_t operator()(const StyleKey& k) const {
+      return std::hash<const void*>()(k.rule) * 31 + std::hash<const void*>()(k.parent) * 7 + k.block;
+    }
+  };
+  std::unordered_map<StyleKey, const CExtRichStyleDescription*, StyleKeyHash> m_knownStyles;
 };
 
 // Text helpers shared by the readers.

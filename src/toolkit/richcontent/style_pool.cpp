@@ -4,6 +4,8 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <type_traits>
 
 namespace qmk::toolkit::richcontent {
 namespace {
@@ -11,14 +13,11 @@ namespace {
 class Hasher {
  public:
   void AddWord(uint64_t v) { m_hash = (m_hash ^ v) * 0x100000001b3ull; }
+  // Arrays of plain numbers are hashed as bytes, several at a step.
   template <class T, size_t N>
   void AddWords(const T (&values)[N]) {
-    static_assert(sizeof(T) == 4);
-    for (const T& v : values) {
-      uint32_t word;
-      std::memcpy(&word, &v, 4);
-      AddWord(word);
-    }
+    static_assert(std::is_arithmetic_v<T>);
+    AddWord(std::hash<std::string_view>()(std::string_view(reinterpret_cast<const char*>(values), sizeof values)));
   }
   void AddText(const std::string& text) { AddWord(std::hash<std::string>()(text)); }
   void AddReal(double v) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "toolkit/richcontent/style.h"
 
@@ -23,13 +24,21 @@ class SharedRecordPool {
     const auto [first, last] = m_records.equal_range(hash);
     for (auto at = first; at != last; ++at)
       if (*at->second == record) return at->second.get();
-    return m_records.emplace(hash, std::make_unique<Record>(record))->second.get();
+    const Record* kept = m_records.emplace(hash, std::make_unique<Record>(record))->second.get();
+    m_kept.insert(kept);
+    return kept;
   }
-  void Clear() { m_records.clear(); }
+  // Is `record` one of the records kept here (and so unchanged while the pool lives)?
+  bool Keeps(const Record* record) const { return m_kept.count(record) != 0; }
+  void Clear() {
+    m_records.clear();
+    m_kept.clear();
+  }
   size_t Size() const { return m_records.size(); }
 
  private:
   std::unordered_multimap<size_t, std::unique_ptr<Record>> m_records;
+  std::unordered_set<const Record*> m_kept;
 };
 
 }  // namespace qmk::toolkit::richcontent
