@@ -109,7 +109,9 @@ TEST_F(RichContentLive, ShowsTheDocumentAndScrollsWithTheWheel) {
   EXPECT_NE(ScreenPixel(kWidth - RichContentView::kBarWidth / 2, kHeight / 2), 0xFFFFFFu);
 
   ui::SetFocus(control_);
-  for (int i = 0; i < 3; ++i) PutScroll(native_, GDK_SCROLL_DOWN);
+  // The top-level's child is the drawing area that takes GTK's input.
+  GtkWidget* area = gtk_bin_get_child(GTK_BIN(native_));
+  for (int i = 0; i < 3; ++i) PutScroll(area, GDK_SCROLL_DOWN);
   EXPECT_TRUE(PumpUntil([&] {
     ui::PumpMessages(0);
     return ui::SendMessage(control_, RCM_GETSCROLLPOS, 0, 0) >= 40;
