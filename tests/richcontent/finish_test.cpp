@@ -62,6 +62,11 @@ TEST(Captions, SitAboveOrBelowTheGridInsideTheTable) {
   EXPECT_EQ(caption.top, table.top);
   EXPECT_EQ(cell.top, caption.bottom);
   EXPECT_EQ(table.bottom, cell.bottom);
+  // A caption wider than the grid widens the table; the grid stays at the left.
+  EXPECT_EQ(caption.Width(), 5 * 8);
+  EXPECT_EQ(table.Width(), 5 * 8);
+  EXPECT_EQ(cell.Width(), 8);
+  EXPECT_EQ(cell.left, table.left);
 
   LaidOut bottom("<table style=\"border-spacing: 0\"><caption id=c style=\"caption-side: bottom\">title</caption>"
                  "<tr><td id=a>x</td></tr></table>");

@@ -100,8 +100,15 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   for (int r = 0; r < t.RowCount(); ++r) t[r]->m_nHeight[0] = t[r]->m_nHeight[1] = heights[r];
   t.m_sizes.assign(heights.begin(), heights.end());
 
-  // Captions sit inside the table's box above or below the grid, as wide as the grid.
-  const int contentWidth = t.TotalColumns() + HorizontalGap(t.m_nSpacingX, columns) + (columns > 0 ? t.m_nSpacingX : 0);
+  // Captions sit inside the table's box above or below the grid, as wide as the grid or as their
+  // text wants within the room there is; the grid stays at the left.
+  const int gridWidth = t.TotalColumns() + HorizontalGap(t.m_nSpacingX, columns) + (columns > 0 ? t.m_nSpacingX : 0);
+  int contentWidth = gridWidth;
+  for (bool bottom : {false, true})
+    for (CExtRichContentItem* caption : CaptionsOf(table, bottom)) {
+      MeasureItem(*caption);
+      contentWidth = std::max(contentWidth, std::min(m_boxes[caption].measuredWidth, std::max(0, width - sides.Horizontal())));
+    }
   int captionTop = y + sides.top;
   for (CExtRichContentItem* caption : CaptionsOf(table, false))
     captionTop += ArrangeItem(*caption, x + sides.left, captionTop, contentWidth);
