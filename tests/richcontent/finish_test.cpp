@@ -55,6 +55,15 @@ TEST(PreText, NewlinesBreakAndBlanksKeepTheirWidth) {
   EXPECT_EQ(ef.left, ab.left);
 }
 
+TEST(PreText, PreWrapKeepsBlanksAndStillWraps) {
+  LaidOut kept("<p style=\"white-space: pre-wrap\">ab   cd</p>");
+  EXPECT_EQ(kept.WordBox("cd").left - kept.WordBox("ab").right, 3 * 8);
+  LaidOut normal("<p>ab   cd</p>");
+  EXPECT_EQ(normal.WordBox("cd").left - normal.WordBox("ab").right, 8) << "a run of blanks shows as one";
+  LaidOut narrow("<p style=\"white-space: pre-wrap\">abcd efgh</p>", 40);
+  EXPECT_EQ(narrow.WordBox("efgh").top, narrow.WordBox("abcd").bottom) << "pre-wrap still breaks lines";
+}
+
 TEST(Captions, SitAboveOrBelowTheGridInsideTheTable) {
   LaidOut top("<table style=\"border-spacing: 0\"><caption id=c>title</caption><tr><td id=a>x</td></tr></table>");
   const RichRect caption = top.Box(top.ById("c")), cell = top.Box(top.ById("a"));

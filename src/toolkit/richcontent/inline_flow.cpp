@@ -13,7 +13,7 @@ namespace qmk::toolkit::richcontent {
 namespace {
 
 constexpr int kAlignCenter = 1, kAlignRight = 2, kAlignJustify = 3, kAlignJustifyAll = 4;
-constexpr int kWhiteNoWrap = 1, kWhitePre = 2;
+constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreWrap = 4;
 // Nesting deeper than this is left out of the flow and the measure rather than exhausting the stack.
 constexpr int kMaxInlineDepth = 200;
 
@@ -64,7 +64,9 @@ void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleD
   const RichTextSize size = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
   int spaceWidth = 0;
   if (line.pendingSpace && !line.items.empty()) {
-    const std::string spaces = line.whiteSpace == kWhitePre ? line.spaceItem->m_strName : " ";
+    // "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
+    const bool keepBlanks = line.whiteSpace == kWhitePre || line.whiteSpace == kWhitePreWrap;
+    const std::string spaces = keepBlanks ? line.spaceItem->m_strName : " ";
     spaceWidth = m_measurer->Measure(spaces, line.spaceStyle->m_font).width + s.m_lengths[kWordSpacing];
   }
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
