@@ -1,12 +1,14 @@
 // fuzz_richlayout.cpp: arbitrary bytes as a rich content document laid out at a width the first
 // byte picks (with the fixed-width measurer, so the run is fast), painted on a small page, and
-// hit tested at a few points.
+// hit tested at a few points; then shown in the rich content control's view, scrolled, clicked
+// and hit tested through it.
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "toolkit/richcontent/hit_test.h"
 #include "toolkit/richcontent/painter.h"
+#include "toolkit/richcontent/rich_content_view.h"
 
 using namespace qmk::toolkit::richcontent;
 
@@ -41,5 +43,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (HitTest(layout, record))
       for (CExtRichContentItem* item : record.items) IsVisibleInAncestors(layout, *item, p % 2 == 0);
   }
+  RichContentView view(&measurer);
+  view.Resize(width, 60);
+  view.SetText(text);
+  view.ScrollTo(data[1] * 7);
+  view.ClickBar(width - 2, 3);
+  view.ClickBar(width - 2, 40);
+  view.ItemAt(width / 2, 30);
+  qmk::platform::DrawTarget client(width, 60);
+  view.Paint(client);
   return 0;
 }

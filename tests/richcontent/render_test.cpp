@@ -58,7 +58,8 @@ TEST_P(RenderDocuments, MatchesItsReference) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, RenderDocuments,
-                         ::testing::Values("flow", "borders", "tables", "lists", "scrolling", "docked", "rotated_90"));
+                         ::testing::Values("flow", "borders", "tables", "lists", "scrolling", "docked", "rotated_90",
+                                           "finish"));
 
 }  // namespace
 }  // namespace qmk::toolkit::richcontent

@@ -1,6 +1,8 @@
 // resolve_test.cpp: entities, colours and lengths at the edges of their tables and rules.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "richcontent/tree_text.h"
 #include "toolkit/richcontent/resolve.h"
 
@@ -30,6 +32,30 @@ TEST(Entities, TableRowsAndNumbers) {
       {"#0", 0}, {"", 0}, {"nosuch", 0},
   };
   for (const Case& c : cases) EXPECT_EQ(ResolveEntity(c.name), c.code) << c.name;
+}
+
+TEST(Entities, TableHas241RowsAndLeavesOutTheInvisibleAndLetterLikeOnes) {
+  // 96 Latin-1 rows (30 of them spelled twice) and 145 others.
+  EXPECT_EQ(EntityRowCount(), 241u);
+  for (const char* name : {"ensp", "emsp", "thinsp", "zwnj", "zwj", "lrm", "rlm", "image",
+                           "weierp", "real", "trade", "alefsym"})
+    EXPECT_EQ(ResolveEntity(name), 0) << name;
+  // Every upper-case Latin-1 letter row is overwritten: none of the 30 names keeps its capital.
+  const char* doubled[] = {"agrave", "aacute", "acirc", "atilde", "auml", "aring", "aelig",
+                           "ccedil", "egrave", "eacute", "ecirc", "euml", "igrave", "iacute",
+                           "icirc", "iuml", "eth", "ntilde", "ograve", "oacute", "ocirc",
+                           "otilde", "ouml", "oslash", "ugrave", "uacute", "ucirc", "uuml",
+                           "yacute", "thorn"};
+  for (const char* name : doubled) {
+    EXPECT_GE(ResolveEntity(name), 224) << name;
+    std::string capital = name;
+    capital[0] = static_cast<char>(capital[0] - 'a' + 'A');
+    EXPECT_EQ(ResolveEntity(capital), 0) << capital;
+  }
+  // Neighbours of the left-out ones stay.
+  EXPECT_EQ(ResolveEntity("rsaquo"), 8250);
+  EXPECT_EQ(ResolveEntity("frasl"), 8260);
+  EXPECT_EQ(ResolveEntity("larr"), 8592);
 }
 
 TEST(Entities, InTextAreOneByteAndUnknownStayLiteral) {

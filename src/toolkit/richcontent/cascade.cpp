@@ -68,27 +68,26 @@ void CExtRichContentLayout::MergeRulesOf(CExtRichContentItem& item, const char* 
 
 // ---- the item's side ----
 
-CExtRichStyleRule& CExtRichContentItem::Rule() {
-  if (!m_pRule) m_pRule = std::make_unique<CExtRichStyleRule>();
-  return *m_pRule;
+const CExtRichStyleRule& CExtRichContentItem::Rule() const {
+  static const CExtRichStyleRule empty;
+  return m_pRule ? *m_pRule : empty;
 }
 
-CExtRichStyleDescription& CExtRichContentItem::Style() {
-  if (!m_pStyle) m_pStyle = std::make_unique<CExtRichStyleDescription>();
-  return *m_pStyle;
+const CExtRichStyleDescription& CExtRichContentItem::Style() const {
+  static const CExtRichStyleDescription defaults;
+  return m_pStyle ? *m_pStyle : defaults;
 }
 
 void CExtRichContentItem::ComputeRule(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle) {
   rule.Reset();
-  CExtRichStyleRule& own = Rule();
   // Declarations are resolved once per item and reused at every layout.
-  if (!m_bFilled) {
+  if (!m_bFilled || !m_pRule) {
     FillRule(rule, parentStyle);
     if (m_pRunTimeRule) rule.Merge(*m_pRunTimeRule);  // they stay until the layout is emptied
     m_bFilled = true;
-    own = rule;
+    m_pRule = m_pLayout->ShareRule(rule);
   } else {
-    rule = own;
+    rule = *m_pRule;
   }
 }
 
@@ -116,20 +115,33 @@ void CExtRichContentItem::ApplyDeclarations(CExtRichStyleRule& rule, const CExtR
   }
 }
 
+// Alike elements share one record: a long document's memory stays in proportion to its variety,
+// not its length.
 const CExtRichStyleDescription& CExtRichContentItem::ComputeStyle(const CExtRichStyleDescription& parentStyle) {
-  CExtRichStyleDescription& style = Style();
-  if (m_bComputed) return style;
-  style.CopyFromParent(parentStyle);
+  if (m_bComputed && m_pStyle) return *m_pStyle;
+  CExtRichStyleDescription style;
   if (IsElement()) {
     CExtRichStyleRule rule;
     ComputeRule(rule, parentStyle);
+    // The same rule under the same parent style gives the same style: found, not computed.
+    if (const CExtRichStyleDescription* known = m_pLayout->KnownStyle(m_pRule, &parentStyle, m_bBlockDisplay)) {
+      m_pStyle = known;
+      m_bComputed = true;
+      return *m_pStyle;
+    }
+    style.CopyFromParent(parentStyle);
     style.Compute(rule, parentStyle);
     if (m_bBlockDisplay && rule.m_enums[kDisplay] == InfoOf(kDisplay).reset) style.m_enums[kDisplay] = 1;
-  } else if (m_nKind == kKindRoot) {
-    style.Assign(parentStyle);
+    m_pStyle = m_pLayout->ShareStyle(style);
+    m_pLayout->RememberStyle(m_pRule, &parentStyle, m_bBlockDisplay, m_pStyle);
+    m_bComputed = true;
+    return *m_pStyle;
   }
+  style.CopyFromParent(parentStyle);
+  if (m_nKind == kKindRoot) style.Assign(parentStyle);
+  m_pStyle = m_pLayout->ShareStyle(style);
   m_bComputed = true;
-  return style;
+  return *m_pStyle;
 }
 
 bool CExtRichContentItem::ApplyRunTimeDeclarations(std::string_view declarations,
@@ -150,9 +162,13 @@ bool CExtRichContentItem::ApplyRunTimeDeclarations(std::string_view declarations
   }
   if (!m_pRunTimeRule) m_pRunTimeRule = std::make_unique<CExtRichStyleRule>();
   m_pRunTimeRule->Merge(declared);
-  Rule().Merge(declared);
-  Style().CopyFromParent(parentStyle);
-  Style().Compute(Rule(), parentStyle);
+  CExtRichStyleRule own = Rule();
+  own.Merge(declared);
+  m_pRule = m_pLayout->ShareRule(own);
+  CExtRichStyleDescription style;
+  style.CopyFromParent(parentStyle);
+  style.Compute(own, parentStyle);
+  m_pStyle = m_pLayout->ShareStyle(style);
   m_bFilled = true;
   m_bComputed = true;
   return true;

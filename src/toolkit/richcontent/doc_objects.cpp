@@ -109,4 +109,12 @@ CExtRichDocObjectContainerGlobal& CExtRichDocObjectContainerGlobal::Instance() {
   return global;
 }
 
+CExtRichDocObjectImage* FindImageObject(CExtRichContentLayout& layout, std::string_view name) {
+  if (name.empty() || name == "none") return nullptr;
+  CExtRichDocObjectBase* object = layout.LocalContainer().Find(name);
+  if (!object) object = CExtRichDocObjectContainerGlobal::Instance().Find(name);
+  auto* image = dynamic_cast<CExtRichDocObjectImage*>(object);
+  return image && !image->m_bitmap.IsEmpty() ? image : nullptr;
+}
+
 }  // namespace qmk::toolkit::richcontent

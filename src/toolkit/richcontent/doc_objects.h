@@ -95,6 +95,10 @@ class CExtRichDocObjectContainerGlobal : public CExtRichDocObjectContainer {
   CExtRichDocObjectContainerGlobal();
 };
 
+// The picture a document names: its local container is asked before the global one. Null when
+// neither holds a picture of that name, or the picture is empty.
+CExtRichDocObjectImage* FindImageObject(CExtRichContentLayout& layout, std::string_view name);
+
 // The text of the default style sheet.
 std::string_view DefaultStyleSheetText();
 

@@ -31,6 +31,7 @@ struct RichItemBox {
   bool measured = false;
   std::string marker;       // a list item's marker text
   int markerType = 0;       // its list-style-type
+  std::string markerImage;  // the picture of "list-style-image" that stands for the marker
   RichRect markerBox;
   int scrollX = 0, scrollY = 0;        // the scroll position of a scrolling box
   int extentWidth = 0, extentHeight = 0;  // the size of its content

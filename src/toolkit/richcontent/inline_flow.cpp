@@ -5,19 +5,21 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "toolkit/richcontent/doc_objects.h"
 #include "toolkit/richcontent/document_layout.h"
+#include "toolkit/richcontent/word_text.h"
 
 namespace qmk::toolkit::richcontent {
 namespace {
 
 constexpr int kAlignCenter = 1, kAlignRight = 2, kAlignJustify = 3, kAlignJustifyAll = 4;
-constexpr int kWhiteNoWrap = 1, kWhitePre = 2;
+constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreWrap = 4;
 // Nesting deeper than this is left out of the flow and the measure rather than exhausting the stack.
 constexpr int kMaxInlineDepth = 200;
 
 const CExtRichStyleDescription* TextStyleOf(const CExtRichContentItem& item) {
   for (const CExtRichContentItem* at = &item; at; at = at->m_pParent)
-    if (at->m_pStyle) return at->m_pStyle.get();
+    if (at->m_pStyle) return at->m_pStyle;
   return nullptr;
 }
 
@@ -59,10 +61,12 @@ int WordHeight(const CExtRichStyleDescription& s, int measured) {
 }  // namespace
 
 void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& s, LineState& line) {
-  const RichTextSize size = m_measurer->Measure(word.m_strName, s.m_font);
+  const RichTextSize size = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
   int spaceWidth = 0;
   if (line.pendingSpace && !line.items.empty()) {
-    const std::string spaces = line.whiteSpace == kWhitePre ? line.spaceItem->m_strName : " ";
+    // "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
+    const bool keepBlanks = line.whiteSpace == kWhitePre || line.whiteSpace == kWhitePreWrap;
+    const std::string spaces = keepBlanks ? line.spaceItem->m_strName : " ";
     spaceWidth = m_measurer->Measure(spaces, line.spaceStyle->m_font).width + s.m_lengths[kWordSpacing];
   }
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
@@ -174,6 +178,7 @@ void RichDocumentLayout::PlaceMarker(CExtRichContentItem& item, int number) {
   const CExtRichStyleDescription& s = *item.m_pStyle;
   b.markerType = s.m_enums[kListType];
   b.marker = ListMarkerText(b.markerType, number, true);
+  b.markerImage.clear();
   const RichTextSize size = m_measurer->Measure(b.marker.empty() ? "M" : b.marker, s.m_font);
   int top = b.content.top;
   for (const CExtRichContentItem* child : item.m_children)
@@ -181,7 +186,14 @@ void RichDocumentLayout::PlaceMarker(CExtRichContentItem& item, int number) {
       top = c->box.top;
       break;
     }
-  if (b.marker.empty()) {
+  // A list image the document holds stands for the marker, left of the content with a gap of a
+  // quarter line; an image it does not hold leaves the marker of the list type.
+  if (const CExtRichDocObjectImage* image = FindImageObject(m_document, s.m_strings[kListImage])) {
+    b.marker.clear();
+    b.markerImage = s.m_strings[kListImage];
+    const int gap = size.height / 4, w = image->m_bitmap.Width(), h = image->m_bitmap.Height();
+    b.markerBox = {b.content.left - gap - w, top, b.content.left - gap, top + h};
+  } else if (b.marker.empty()) {
     // Bullets are drawn: a square a third of the text height, centred on the first line.
     const int side = std::max(4, size.height / 3);
     const int right = b.content.left - side;
@@ -307,7 +319,8 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     const CExtRichStyleDescription* s = TextStyleOf(*child);
     if (!s) continue;
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
-      const int w = m_measurer->Measure(child->m_nKind == kKindWord ? child->m_strName : " ", s->m_font).width;
+      const int w = child->m_nKind == kKindWord ? MeasureShown(*m_measurer, ShownText(child->m_strName, *s), *s).width
+                                                : m_measurer->Measure(" ", s->m_font).width;
       sums.run += w;
       if (child->m_nKind == kKindWord) sums.minimum = std::max(sums.minimum, w);
       continue;

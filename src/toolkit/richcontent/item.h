@@ -80,8 +80,10 @@ class CExtRichContentItem {
   bool ParseStyleAttribute();
 
   // The cascade.
-  CExtRichStyleRule& Rule();
-  CExtRichStyleDescription& Style();
+  // The own rule and the computed style; records shared through the layout, so never changed in
+  // place. Before they exist these give an empty rule and the default style.
+  const CExtRichStyleRule& Rule() const;
+  const CExtRichStyleDescription& Style() const;
   void ComputeRule(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle);
   void FillRule(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle);
   void ApplyAttributes(CExtRichStyleRule& rule, const CExtRichStyleDescription& parentStyle);
@@ -109,9 +111,9 @@ class CExtRichContentItem {
   std::vector<CExtRichContentItem*> m_ruleChildren; // kind 6 items under a key item
   PseudoStateSet m_state;  // the item's state, or the set a rule child carries
   bool m_bFilled = false, m_bComputed = false;
-  std::unique_ptr<CExtRichStyleRule> m_pRule;
+  const CExtRichStyleRule* m_pRule = nullptr;           // owned by the layout's pool
   std::unique_ptr<CExtRichStyleRule> m_pRunTimeRule;  // declarations applied at run time
-  std::unique_ptr<CExtRichStyleDescription> m_pStyle;
+  const CExtRichStyleDescription* m_pStyle = nullptr;  // owned by the layout's pool
   std::unique_ptr<std::vector<std::string>> m_pClassList;
   int m_nVoid = -1;  // -1 not asked yet
   std::string m_strId, m_strSourceLink, m_strDestinationLink, m_strNameAttr;

@@ -102,6 +102,9 @@ void CExtRichContentLayout::Empty() {
   m_rules.clear();
   m_linked.clear();
   m_arena.clear();
+  m_knownStyles.clear();
+  m_sharedRules.Clear();
+  m_sharedStyles.Clear();
   m_nForm = 0;
   m_nErrors = 0;
 }
@@ -109,6 +112,21 @@ void CExtRichContentLayout::Empty() {
 CExtRichContentItem* CExtRichContentLayout::NewItem(int kind) {
   m_arena.push_back(std::make_unique<CExtRichContentItem>(this, kind));
   return m_arena.back().get();
+}
+
+const CExtRichStyleDescription* CExtRichContentLayout::KnownStyle(const CExtRichStyleRule* rule,
+                                                                  const CExtRichStyleDescription* parent,
+                                                                  bool blockDisplay) const {
+  if (!m_sharedRules.Keeps(rule) || !m_sharedStyles.Keeps(parent)) return nullptr;
+  const auto found = m_knownStyles.find({rule, parent, blockDisplay});
+  return found == m_knownStyles.end() ? nullptr : found->second;
+}
+
+void CExtRichContentLayout::RememberStyle(const CExtRichStyleRule* rule, const CExtRichStyleDescription* parent,
+                                          bool blockDisplay, const CExtRichStyleDescription* style) {
+  // A parent that isn't kept here may be a caller's record whose address comes back with other
+  // values, so only kept ones are remembered.
+  if (m_sharedRules.Keeps(rule) && m_sharedStyles.Keeps(parent)) m_knownStyles[{rule, parent, blockDisplay}] = style;
 }
 
 CExtRichContentItem* CExtRichContentLayout::FindRuleKey(const std::string& key) const {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "toolkit/richcontent/item.h"
+#include "toolkit/richcontent/style_pool.h"
 
 namespace qmk::toolkit::richcontent {
 
@@ -90,6 +91,19 @@ class CExtRichContentLayout : public CExtRichContentEventsBroadcast {
   // recursion. Words and spaces use the style of their element.
   void ComputeTree(const CExtRichStyleDescription& rootStyle);
 
+  // One shared copy of each distinct rule and style of this document.
+  const CExtRichStyleRule* ShareRule(const CExtRichStyleRule& rule) { return m_sharedRules.Share(rule); }
+  const CExtRichStyleDescription* ShareStyle(const CExtRichStyleDescription& style) {
+    return m_sharedStyles.Share(style);
+  }
+  size_t SharedStyleCount() const { return m_sharedStyles.Size(); }
+  // The style an element of a shared rule gets under a shared parent style, when it was
+  // computed before; null otherwise. Only records of this document are remembered.
+  const CExtRichStyleDescription* KnownStyle(const CExtRichStyleRule* rule, const CExtRichStyleDescription* parent,
+                                             bool blockDisplay) const;
+  void RememberStyle(const CExtRichStyleRule* rule, const CExtRichStyleDescription* parent, bool blockDisplay,
+                     const CExtRichStyleDescription* style);
+
   // Called by the tokenizer.
   void AddToFlatList(CExtRichContentItem* item) { m_items.push_back(item); }
   void CountError() { ++m_nErrors; }
@@ -113,6 +127,20 @@ class CExtRichContentLayout : public CExtRichContentEventsBroadcast {
   std::vector<CExtRichContentItem*> m_headItems;  // kinds 7 to 11
   std::unordered_map<std::string, CExtRichContentItem*> m_rules;
   std::vector<CExtRichContentLayout*> m_linked;
+  SharedRecordPool<CExtRichStyleRule> m_sharedRules;
+  SharedRecordPool<CExtRichStyleDescription> m_sharedStyles;
+  struct StyleKey {
+    const CExtRichStyleRule* rule;
+    const CExtRichStyleDescription* parent;
+    bool block;
+    bool operator==(const StyleKey&) const = default;
+  };
+  struct StyleKeyHash {
+    size_t operator()(const StyleKey& k) const {
+      return std::hash<const void*>()(k.rule) * 31 + std::hash<const void*>()(k.parent) * 7 + k.block;
+    }
+  };
+  std::unordered_map<StyleKey, const CExtRichStyleDescription*, StyleKeyHash> m_knownStyles;
 };
 
 // Text helpers shared by the readers.

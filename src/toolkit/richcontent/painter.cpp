@@ -10,6 +10,7 @@
 #include "toolkit/richcontent/border_painter.h"
 #include "toolkit/richcontent/doc_objects.h"
 #include "toolkit/richcontent/scroll_bars.h"
+#include "toolkit/richcontent/word_text.h"
 
 namespace qmk::toolkit::richcontent {
 namespace {
@@ -26,8 +27,17 @@ uint32_t Opaque(int32_t colour) { return (static_cast<uint32_t>(colour) & 0xFFFF
 
 const CExtRichStyleDescription* TextStyleOf(const CExtRichContentItem& item) {
   for (const CExtRichContentItem* at = &item; at; at = at->m_pParent)
-    if (at->m_pStyle) return at->m_pStyle.get();
+    if (at->m_pStyle) return at->m_pStyle;
   return nullptr;
+}
+
+// A cell of "empty-cells: hide" with nothing but blanks in it draws no background or border.
+bool IsHiddenEmptyCell(const CExtRichContentItem& item) {
+  const CExtRichStyleDescription& s = *item.m_pStyle;
+  if (s.Display() != kDisplayTableCell || s.m_enums[kEmptyCells] != 0) return false;
+  for (const CExtRichContentItem* child : item.m_children)
+    if (child->m_nKind != kKindSpace) return false;
+  return true;
 }
 
 int DockOf(const CExtRichContentItem& item) {
@@ -54,7 +64,7 @@ void FillRound(platform::DrawTarget& target, const RichRect& r, uint32_t colour,
   }
 }
 
-// Lays `colour` over `r` with a constant alpha (a fill would replace what is below).
+// Lays `colour` (a colour word) over `r` with a constant alpha (a fill would replace what is below).
 void BlendColour(platform::DrawTarget& target, const RichRect& r, uint32_t colour, uint8_t alpha) {
   const uint8_t pixel[4] = {static_cast<uint8_t>((colour >> 16) & 0xFF), static_cast<uint8_t>((colour >> 8) & 0xFF),
                             static_cast<uint8_t>(colour & 0xFF), 0xFF};
@@ -175,8 +185,10 @@ void RichContentPainter::PaintItem(CExtRichContentItem& item, int dx, int dy) {
     borderBox.Offset(dx, dy);
   }
   if (drawsSelf) {
-    PaintBackground(item, borderBox);
-    PaintBorders(item, borderBox);
+    if (!IsHiddenEmptyCell(item)) {
+      PaintBackground(item, borderBox);
+      PaintBorders(item, borderBox);
+    }
     PaintMarker(item, *b, dx, dy);
   }
   const int overflow = item.m_pStyle ? item.m_pStyle->m_enums[kOverflow] : 0;
@@ -194,23 +206,46 @@ void RichContentPainter::PaintItem(CExtRichContentItem& item, int dx, int dy) {
   --m_depth;
 }
 
+namespace {
+
+// The constant alpha of a background: "ui-background-transparency" as a percent of opaque, or
+// as an alpha value of 1 to 255; opaque when it is not declared (or 0, which a rule can't tell
+// from not declared).
+uint8_t BackgroundAlpha(const CExtRichStyleDescription& s) {
+  const float percent = s.m_percents[kBackgroundTransparency];
+  if (percent >= 0.0f) return static_cast<uint8_t>(std::lround(std::clamp(percent, 0.0f, 100.0f) * 255 / 100));
+  const int value = s.m_lengths[kBackgroundTransparency];
+  return value > 0 ? static_cast<uint8_t>(std::min(value, 255)) : 255;
+}
+
+}  // namespace
+
 void RichContentPainter::PaintBackground(const CExtRichContentItem& item, const RichRect& borderBox) {
   const CExtRichStyleDescription& s = *item.m_pStyle;
-  if (s.m_colors[kColorBackground] != -1) m_target->FillRect(ToDraw(borderBox), Opaque(s.m_colors[kColorBackground]));
-  const std::string& name = s.m_strings[kBackgroundImage];
-  if (name.empty() || name == "none") return;
-  CExtRichDocObjectBase* object = item.m_pLayout->LocalContainer().Find(name);
-  if (!object) object = CExtRichDocObjectContainerGlobal::Instance().Find(name);
-  auto* image = dynamic_cast<CExtRichDocObjectImage*>(object);
-  if (!image || image->m_bitmap.IsEmpty()) return;
+  const uint8_t alpha = BackgroundAlpha(s);
+  if (s.m_colors[kColorBackground] != -1) {
+    if (alpha == 255) m_target->FillRect(ToDraw(borderBox), Opaque(s.m_colors[kColorBackground]));
+    else BlendColour(*m_target, borderBox, static_cast<uint32_t>(s.m_colors[kColorBackground]), alpha);
+  }
+  CExtRichDocObjectImage* image = FindImageObject(*item.m_pLayout, s.m_strings[kBackgroundImage]);
+  if (!image) return;
   const RichRect dst{borderBox.left - std::max(0, s.m_lengths[kBackgroundExtendLeft]),
                      borderBox.top - std::max(0, s.m_lengths[kBackgroundExtendTop]),
                      borderBox.right + std::max(0, s.m_lengths[kBackgroundExtendRight]),
                      borderBox.bottom + std::max(0, s.m_lengths[kBackgroundExtendBottom])};
   const DrawRect margins{std::max(0, s.m_lengths[kBackgroundSliceLeft]), std::max(0, s.m_lengths[kBackgroundSliceTop]),
                          std::max(0, s.m_lengths[kBackgroundSliceRight]), std::max(0, s.m_lengths[kBackgroundSliceBottom])};
-  const int method = std::clamp(s.m_enums[kBackgroundDrawMethod], 0, 5);
-  image->m_bitmap.DrawNinePart(*m_target, ToDraw(dst), {}, margins, static_cast<bitmap::NinePartMethod>(method));
+  const auto method = static_cast<bitmap::NinePartMethod>(std::clamp(s.m_enums[kBackgroundDrawMethod], 0, 5));
+  if (alpha == 255 || dst.IsEmpty()) {
+    image->m_bitmap.DrawNinePart(*m_target, ToDraw(dst), {}, margins, method);
+    return;
+  }
+  // A see-through image is drawn on a picture of its own and laid over with the constant alpha.
+  platform::DrawTarget picture(dst.Width(), dst.Height());
+  if (!picture.ok()) return;
+  image->m_bitmap.DrawNinePart(picture, {0, 0, dst.Width(), dst.Height()}, {}, margins, method);
+  std::unique_ptr<platform::DeviceImage> pixels = platform::DeviceImage::Create(picture.Pixels());
+  if (pixels) m_target->AlphaBlend(*pixels, ToDraw(dst), {0, 0, dst.Width(), dst.Height()}, alpha);
 }
 
 void RichContentPainter::PaintBorders(const CExtRichContentItem& item, const RichRect& borderBox) {
@@ -244,7 +279,9 @@ void RichContentPainter::PaintMarker(const CExtRichContentItem& item, const Rich
   RichRect r = b.markerBox;
   r.Offset(dx, dy);
   const uint32_t colour = Opaque(s.m_colors[kColorText] == -1 ? 0 : s.m_colors[kColorText]);
-  if (!b.marker.empty()) {
+  if (CExtRichDocObjectImage* image = FindImageObject(*item.m_pLayout, b.markerImage)) {
+    image->m_bitmap.AlphaBlend(*m_target, ToDraw(r));
+  } else if (!b.marker.empty()) {
     platform::TextOptions options;
     options.center_vertically = false;
     platform::DrawText(*m_target, ToDraw(r), b.marker, FontSpecOf(s.m_font), colour, options);
@@ -259,7 +296,20 @@ void RichContentPainter::PaintWord(const CExtRichContentItem& word, const RichRe
   const CExtRichStyleDescription* s = TextStyleOf(word);
   if (!s || s->m_enums[kVisibility] != 0) return;
   const uint32_t colour = Opaque(s->m_colors[kColorText] == -1 ? 0 : s->m_colors[kColorText]);
-  platform::DrawText(*m_target, ToDraw(box), word.m_strName, FontSpecOf(s->m_font), colour);
+  const std::string shown = ShownText(word.m_strName, *s);
+  const platform::FontSpec font = FontSpecOf(s->m_font);
+  const int spacing = s->m_lengths[kLetterSpacing];
+  if (spacing == 0 || spacing == kNoValue || shown.size() < 2) {
+    platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
+  } else {
+    // Spaced letters are drawn one by one, each followed by the spacing.
+    int x = box.left;
+    for (char c : shown) {
+      const std::string letter(1, c);
+      platform::DrawText(*m_target, {x, box.top, box.right, box.bottom}, letter, font, colour);
+      x += platform::MeasureText(letter, font).width + spacing;
+    }
+  }
   const int thickness = std::max(1, std::abs(s->m_font.lfHeight) / 14);
   if (s->m_font.lfUnderline) m_target->FillRect({box.left, box.bottom - 2 * thickness, box.right, box.bottom - thickness}, colour);
   if (s->m_font.lfStrikeOut) {
@@ -273,15 +323,9 @@ void RichContentPainter::PaintScrollBars(const CExtRichContentItem& item, const 
   for (bool vertical : {true, false}) {
     ScrollBarParts p = ScrollBarPartsOf(b, vertical);
     if (p.bar.IsEmpty()) continue;
-    for (RichRect* r : {&p.bar, &p.arrowLow, &p.arrowHigh, &p.thumb}) r->Offset(dx, dy);
-    // The light pop-over bar lets the content show through its track (constant alpha 96).
-    if (type == kScrollBarPopOverLight)
-      BlendColour(*m_target, p.bar, 0xD8D8D8u, 96);
-    else
-      m_target->FillRect(ToDraw(p.bar), 0xFFF0F0F0u);
-    m_target->FillRect(ToDraw(p.arrowLow), 0xFFC8C8C8u);
-    m_target->FillRect(ToDraw(p.arrowHigh), 0xFFC8C8C8u);
-    m_target->FillRect(ToDraw(p.thumb), 0xFF909090u);
+    p.bar.Offset(dx, dy);
+    // The light pop-over bar lets the content show through its track.
+    PaintScrollBar(*m_target, p, type == kScrollBarPopOverLight);
   }
 }
 

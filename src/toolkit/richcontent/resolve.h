@@ -2,6 +2,7 @@
 // character entities.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -19,6 +20,8 @@ int ResolveLength(const char* text, bool horizontal, const CExtRichFontDescripti
 
 // The character code of an entity name (without "&" and ";"), 0 when unknown.
 int ResolveEntity(std::string_view name);
+// The rows of the entity table (names spelled twice count twice).
+size_t EntityRowCount();
 
 // The display's dots per inch that lengths are converted with (96 by default).
 void SetDisplayDpi(int horizontal, int vertical);

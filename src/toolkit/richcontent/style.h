@@ -119,6 +119,7 @@ struct StyleFields {
   int32_t m_colors[kColorFieldCount];
   std::string m_strings[kStringFieldCount];
   std::vector<CQuoutes> m_quotes;
+  bool operator==(const StyleFields&) const = default;
 };
 
 // One declared value per property, each with its sentinel that means "not declared".
@@ -134,6 +135,7 @@ class CExtRichStyleRule : public StyleFields {
   void Merge(const CExtRichStyleRule& source);
   void Clear() { Reset(); }
   void Reset();
+  bool operator==(const CExtRichStyleRule&) const = default;
 
   int m_nWeightAbsolute = 0, m_nWeightRelative = 0;
   int m_nItalic = 0, m_nUnderline = 0, m_nStrike = 0;  // positive sets, negative clears
@@ -163,6 +165,7 @@ class CExtRichStyleDescription : public StyleFields {
   void Compute(const CExtRichStyleRule& rule, const CExtRichStyleDescription& parent);
   // "display" with the not-set value read as inline.
   int Display() const;
+  bool operator==(const CExtRichStyleDescription&) const = default;
 
   CExtRichFontDescription m_font;
   double m_lfLineHeightFactor = 1.0;

@@ -11,8 +11,34 @@ struct ColumnNeeds {
   std::vector<int> minimum, preferred, percent;
 };
 
+constexpr int kDisplayCaption = 8;
+constexpr int kTableLayoutFixed = 1, kCaptionBottom = 1;
+
 bool HasWidth(const CExtRichStyleDescription& s) {
   return s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength;
+}
+
+// What the first row's cells declare for their columns: pixels, a percent of `available`, or -1.
+std::vector<int> DeclaredFirstRow(const CExtRichTableLayout& t, int columns, int available) {
+  std::vector<int> declared(columns, -1);
+  for (const TableCell& cell : t.m_cells) {
+    if (cell.row != 0 || cell.span.m_nColSpan != 1) continue;
+    const CExtRichStyleDescription& cs = *cell.item->m_pStyle;
+    if (cs.m_percents[kWidth] > 0)
+      declared[cell.column] = static_cast<int>(static_cast<long long>(available) * cs.m_percents[kWidth] / 100);
+    else if (HasWidth(cs))
+      declared[cell.column] = cs.m_lengths[kWidth];
+  }
+  return declared;
+}
+
+std::vector<CExtRichContentItem*> CaptionsOf(const CExtRichContentItem& table, bool bottom) {
+  std::vector<CExtRichContentItem*> captions;
+  for (CExtRichContentItem* child : table.m_children)
+    if (child->m_nKind == kKindTag && child->m_pStyle && child->m_pStyle->Display() == kDisplayCaption &&
+        (child->m_pStyle->m_enums[kCaptionSide] == kCaptionBottom) == bottom)
+      captions.push_back(child);
+  return captions;
 }
 
 }  // namespace
@@ -51,7 +77,10 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   const bool fill = HasWidth(s);
   const int outer = WidthFor(table, width, true);
   const int available = std::max(0, outer - sides.Horizontal() - t.m_nSpacingX * (columns + 1));
-  const std::vector<int> widths = ShareColumnWidths(needs.minimum, needs.preferred, needs.percent, available, fill);
+  // A fixed layout with a width of its own takes the first row's widths and ignores the content.
+  const bool fixed = s.m_enums[kTableLayout] == kTableLayoutFixed && fill;
+  const std::vector<int> widths = fixed ? FixedColumnWidths(DeclaredFirstRow(t, columns, available), available)
+                                        : ShareColumnWidths(needs.minimum, needs.preferred, needs.percent, available, fill);
   t.m_columnWidths[0].assign(needs.minimum.begin(), needs.minimum.end());
   t.m_columnWidths[1].assign(widths.begin(), widths.end());
 
@@ -71,8 +100,21 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   for (int r = 0; r < t.RowCount(); ++r) t[r]->m_nHeight[0] = t[r]->m_nHeight[1] = heights[r];
   t.m_sizes.assign(heights.begin(), heights.end());
 
+  // Captions sit inside the table's box above or below the grid, as wide as the grid or as their
+  // text wants within the room there is; the grid stays at the left.
+  const int gridWidth = t.TotalColumns() + HorizontalGap(t.m_nSpacingX, columns) + (columns > 0 ? t.m_nSpacingX : 0);
+  int contentWidth = gridWidth;
+  for (bool bottom : {false, true})
+    for (CExtRichContentItem* caption : CaptionsOf(table, bottom)) {
+      MeasureItem(*caption);
+      contentWidth = std::max(contentWidth, std::min(m_boxes[caption].measuredWidth, std::max(0, width - sides.Horizontal())));
+    }
+  int captionTop = y + sides.top;
+  for (CExtRichContentItem* caption : CaptionsOf(table, false))
+    captionTop += ArrangeItem(*caption, x + sides.left, captionTop, contentWidth);
+
   // Each cell is moved to its place and stretched to its rows.
-  const int originX = x + sides.left, originY = y + sides.top;
+  const int originX = x + sides.left, originY = captionTop;
   for (const TableCell& cell : t.m_cells) {
     RichRect area = t.CellAreaOf(cell.row, cell.row + cell.span.m_nRowSpan - 1, cell.column,
                                  cell.column + cell.span.m_nColSpan - 1);
@@ -88,8 +130,9 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
     moved.box.top -= down;
     moved.box.bottom = moved.box.top + area.Height();
   }
-  const int contentWidth = t.TotalColumns() + HorizontalGap(t.m_nSpacingX, columns) + (columns > 0 ? t.m_nSpacingX : 0);
-  const int contentHeight = t.TotalRows() + VerticalGap(t.m_nSpacingY, t.RowCount());
+  int contentHeight = captionTop - (y + sides.top) + t.TotalRows() + VerticalGap(t.m_nSpacingY, t.RowCount());
+  for (CExtRichContentItem* caption : CaptionsOf(table, true))
+    contentHeight += ArrangeItem(*caption, x + sides.left, y + sides.top + contentHeight, contentWidth);
   RichItemBox& b = m_boxes[&table];
   b.box = {x, y, x + contentWidth + sides.Horizontal(), y + contentHeight + sides.Vertical()};
   b.content = Deflate(b.box, sides);
@@ -100,7 +143,9 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
     auto [item, done] = work.back();
     work.pop_back();
     const int display = DisplayOf(*item);
-    if (item->m_nKind != kKindTag || display == kDisplayTableCell || display == kDisplayNone) continue;
+    if (item->m_nKind != kKindTag || display == kDisplayTableCell || display == kDisplayNone ||
+        display == kDisplayCaption)
+      continue;
     if (!done) {
       work.emplace_back(item, true);
       for (CExtRichContentItem* child : item->m_children) work.emplace_back(child, false);

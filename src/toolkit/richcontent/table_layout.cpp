@@ -170,4 +170,26 @@ void SpreadSpanned(std::vector<int>& heights, int first, int count, int need) {
   for (int r = first; r < first + missing % count; ++r) ++heights[r];
 }
 
+std::vector<int> FixedColumnWidths(const std::vector<int>& declared, int available) {
+  std::vector<int> widths(declared.size(), 0);
+  int left = std::max(0, available), open = 0;
+  for (size_t c = 0; c < declared.size(); ++c) {
+    if (declared[c] < 0) {
+      ++open;
+      continue;
+    }
+    widths[c] = declared[c];
+    left -= declared[c];
+  }
+  if (open == 0 || left <= 0) return widths;
+  const int share = left / open;
+  int rest = left % open;
+  for (size_t c = 0; c < declared.size(); ++c) {
+    if (declared[c] >= 0) continue;
+    widths[c] = share + (rest > 0 ? 1 : 0);
+    if (rest > 0) --rest;
+  }
+  return widths;
+}
+
 }  // namespace qmk::toolkit::richcontent

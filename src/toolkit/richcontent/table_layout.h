@@ -76,6 +76,11 @@ int HorizontalGap(int spacing, int columns);
 std::vector<int> ShareColumnWidths(const std::vector<int>& minimum, const std::vector<int>& preferred,
                                    const std::vector<int>& percent, int available, bool fill);
 
+// Column widths of a table with "table-layout: fixed": the width each column's cell in the first
+// row declares (-1 where none does), the other columns sharing what is left in equal shares, the
+// remainder a pixel each to the first ones. Content never widens a column.
+std::vector<int> FixedColumnWidths(const std::vector<int>& declared, int available);
+
 // A cell spanning `sizes[first .. first+count)` (rows or columns) that needs `need` pixels in all
 // spreads what is missing: missing / count each, then one pixel at a time from the first.
 void SpreadSpanned(std::vector<int>& sizes, int first, int count, int need);

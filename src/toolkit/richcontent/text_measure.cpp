@@ -14,12 +14,17 @@ platform::FontSpec FontSpecOf(const CExtRichFontDescription& font) {
 }
 
 RichTextSize PangoTextMeasurer::Measure(const std::string& text, const CExtRichFontDescription& font) {
-  auto key = std::make_pair(font, text);
-  const auto found = m_cache.find(key);
-  if (found != m_cache.end()) return found->second;
+  if (m_lastFont >= m_fonts.size() || !(m_fonts[m_lastFont].font == font)) {
+    m_lastFont = 0;
+    while (m_lastFont < m_fonts.size() && !(m_fonts[m_lastFont].font == font)) ++m_lastFont;
+    if (m_lastFont == m_fonts.size()) m_fonts.push_back({font, {}});
+  }
+  auto& sizes = m_fonts[m_lastFont].sizes;
+  const auto found = sizes.find(text);
+  if (found != sizes.end()) return found->second;
   const platform::TextSize size = platform::MeasureText(text.empty() ? " " : text, FontSpecOf(font));
   const RichTextSize result{text.empty() ? 0 : size.width, size.height};
-  m_cache.emplace(std::move(key), result);
+  sizes.emplace(text, result);
   return result;
 }
 

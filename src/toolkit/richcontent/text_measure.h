@@ -2,9 +2,9 @@
 // implementation that caches what it measured.
 #pragma once
 
-#include <map>
 #include <string>
-#include <utility>
+#include <unordered_map>
+#include <vector>
 
 #include "platform/draw/text.h"
 #include "toolkit/richcontent/style.h"
@@ -30,7 +30,14 @@ class PangoTextMeasurer : public RichTextMeasurer {
   RichTextSize Measure(const std::string& text, const CExtRichFontDescription& font) override;
 
  private:
-  std::map<std::pair<CExtRichFontDescription, std::string>, RichTextSize> m_cache;
+  // A document uses few fonts and many words: the words of each font are kept apart, and the
+  // font of the last word is tried first.
+  struct FontCache {
+    CExtRichFontDescription font;
+    std::unordered_map<std::string, RichTextSize> sizes;
+  };
+  std::vector<FontCache> m_fonts;
+  size_t m_lastFont = 0;
 };
 
 }  // namespace qmk::toolkit::richcontent
