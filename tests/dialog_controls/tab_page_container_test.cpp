@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "dialog_controls/themed_fixture.h"
+#include "toolkit/dialogs/builtin_resources.h"
 #include "toolkit/dialogs/ext_tab_page_container.h"
+#include "toolkit/dialogs/resizable_dialog.h"
 #include "toolkit/theme/paint_manager_holder.h"
 #include "toolkit/theme/widget_layout.h"
 
@@ -182,6 +184,31 @@ TEST_F(TabPages, KeysOutsideTheContainerAreLeftAlone) {
   SetFocus(outside);
   Key(VK_TAB, kModControl);
   EXPECT_EQ(tabs_.PageSelectionGet(), 0);
+}
+
+TEST_F(TabPages, ResizableDialogPagesMadeInsideTheContainer) {
+  constexpr int kPage = 9931;
+  static const bool added = toolkit::AddDialogTemplate(toolkit::BuiltinResources(), kPage, "en", R"(dialog 9931
+position 0 0 100 60
+style WS_CHILD
+edit 301 "" 4 4 60 12
+end
+)");
+  ASSERT_TRUE(added);
+  toolkit::CExtResizableDialog first, second;
+  ASSERT_TRUE(first.Create(kPage, tabs_.GetSafeHwnd()));
+  ASSERT_TRUE(second.Create(kPage, tabs_.GetSafeHwnd()));
+  ASSERT_TRUE(tabs_.PageInsert(first.GetSafeHwnd(), "One"));
+  ASSERT_TRUE(tabs_.PageInsert(second.GetSafeHwnd(), "Two"));
+  EXPECT_TRUE(Visible(first.GetSafeHwnd()));
+  EXPECT_FALSE(Visible(second.GetSafeHwnd()));
+  EXPECT_EQ(RectIn(second.GetSafeHwnd()), tabs_.PageRect());
+  ASSERT_TRUE(tabs_.PageSelectionSet(1));
+  EXPECT_TRUE(Visible(second.GetSafeHwnd()));
+  // Removing the page without destroying it leaves the dialog object its window.
+  ASSERT_TRUE(tabs_.PageRemove(1, false));
+  EXPECT_TRUE(IsWindow(second.GetSafeHwnd()));
+  EXPECT_TRUE(Visible(first.GetSafeHwnd()));
 }
 
 }  // namespace
