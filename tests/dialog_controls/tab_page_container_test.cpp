@@ -186,6 +186,19 @@ TEST_F(TabPages, KeysOutsideTheContainerAreLeftAlone) {
   EXPECT_EQ(tabs_.PageSelectionGet(), 0);
 }
 
+TEST_F(TabPages, ANewThemeWithAnotherScaleMovesThePages) {
+  AddThree();
+  const int top = RectIn(pages_[1]).top;
+  auto& holder = toolkit::theme::g_PaintManager();
+  holder.SetDpi(1, 192);
+  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(29757, [](int) {}));
+  const int scaled_top = RectIn(pages_[1]).top;
+  holder.SetDpi(1, 96);
+  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(29750, [](int) {}));
+  EXPECT_GT(scaled_top, top) << "a taller strip pushes every page down";
+  EXPECT_EQ(RectIn(pages_[1]).top, top);
+}
+
 TEST_F(TabPages, ResizableDialogPagesMadeInsideTheContainer) {
   constexpr int kPage = 9931;
   static const bool added = toolkit::AddDialogTemplate(toolkit::BuiltinResources(), kPage, "en", R"(dialog 9931

@@ -97,6 +97,11 @@ theme::WindowHandle CExtTabPageContainerWnd::PmBridge_GetSafeHwnd() const {
   return reinterpret_cast<theme::WindowHandle>(m_hWnd);
 }
 
+void CExtTabPageContainerWnd::PmBridge_OnPaintManagerChanged(theme::CExtPaintManagerAutoPtr* sender) {
+  RecalcLayout();
+  CExtPmBridge::PmBridge_OnPaintManagerChanged(sender);
+}
+
 bool CExtTabPageContainerWnd::EnsureStrip() {
   if (ui::IsWindow(m_hWndTabs)) return true;
   const Rect client = ClientOf(m_hWnd);

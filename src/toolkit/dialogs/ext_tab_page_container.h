@@ -61,6 +61,8 @@ class CExtTabPageContainerWnd : public theme::CExtPmBridge {
   bool ModifyStyle(uint32_t remove, uint32_t add);
 
   theme::WindowHandle PmBridge_GetSafeHwnd() const override;
+  // A new theme may have another strip height: the pages move before the repaint.
+  void PmBridge_OnPaintManagerChanged(theme::CExtPaintManagerAutoPtr* sender) override;
 
   // Used by the container's window procedures.
   static CExtTabPageContainerWnd* FromHandle(HWND hwnd);
