@@ -30,19 +30,20 @@ class Fields : public ThemedTest {
 };
 
 TEST(LabelWrap, BreaksAtSpacesAndLineBreaks) {
-  platform::FontSpec font;
-  const int word = platform::MeasureText("alpha", font).width;
-  const int two = platform::MeasureText("alpha beta", font).width;
+  // Ten pixels a character makes the edges plain to see.
+  const TextWidth measure = [](const std::string& line) { return static_cast<int>(line.size()) * 10; };
+  const int word = 50, two = 100;
   struct Case { const char* text; int width; bool wrap; std::vector<std::string> want; };
   const Case cases[] = {
-      {"alpha beta gamma", two + 1, true, {"alpha beta", "gamma"}},
-      {"alpha beta gamma", word + 1, true, {"alpha", "beta", "gamma"}},
-      {"alpha beta gamma", word + 1, false, {"alpha beta gamma"}},
+      {"alpha beta gamma", two, true, {"alpha beta", "gamma"}},  // exactly fits
+      {"alpha beta gamma", two - 1, true, {"alpha", "beta", "gamma"}},  // one pixel short
+      {"alpha beta gamma", word, false, {"alpha beta gamma"}},
+      {"alpha beta gamma", word, true, {"alpha", "beta", "gamma"}},
       {"alpha\r\nbeta", 1000, true, {"alpha", "beta"}},
       {"unbreakableword", 5, true, {"unbreakableword"}},
       {"", 100, true, {""}},
   };
-  for (const Case& c : cases) EXPECT_EQ(WrapLabelText(c.text, font, c.width, c.wrap), c.want) << c.text;
+  for (const Case& c : cases) EXPECT_EQ(WrapLabelText(c.text, measure, c.width, c.wrap), c.want) << c.text;
 }
 
 TEST_F(Fields, LabelTakesTheNotifyStyleExactlyWithATip) {
@@ -80,10 +81,36 @@ TEST_F(Fields, LabelPaintsItsTextInTheThemeOverTheParentsBackground) {
   EXPECT_EQ(Rgb(picture->GetPixel(picture->width() - 1, picture->height() - 1)),
             Rgb(expected.GetPixel(picture->width() - 1, picture->height() - 1)));
   const uint32_t label_text = Rgb(pm.GetColor(pm.GetWidgetLook()->label_text));
+  auto near = [](uint32_t a, uint32_t b) {
+    for (int s : {0, 8, 16})
+      if (std::abs(static_cast<int>((a >> s) & 0xFF) - static_cast<int>((b >> s) & 0xFF)) > 24) return false;
+    return true;
+  };
   int text_pixels = 0;
   for (int y = 0; y < picture->height(); ++y)
-    for (int x = 0; x < picture->width(); ++x) text_pixels += Rgb(picture->GetPixel(x, y)) == label_text;
+    for (int x = 0; x < picture->width(); ++x) text_pixels += near(Rgb(picture->GetPixel(x, y)), label_text);
   EXPECT_GT(text_pixels, 10);
+}
+
+TEST_F(Fields, LabelBreaksLinesByItsOwnFontNotTheThemes) {
+  // A label made just as wide as its text in the control font, as message boxes size theirs,
+  // shows the text on one line although the theme's font is larger.
+  const std::string text = "The old ones are lost, and this line is long";
+  const Size extent = GetTextExtent(GetStockGuiFont(), text);
+  HWND h = Make(kStaticClass, text.c_str(), 0, {10, 10, 10 + extent.cx, 10 + 2 * extent.cy + 4}, 4);
+  CExtLabel label;
+  ASSERT_TRUE(label.SubclassWindow(h));
+  auto picture = RenderWindow(h);
+  ASSERT_NE(picture, nullptr);
+  int ink_above = 0, ink_below = 0;
+  for (int y = 0; y < picture->height(); ++y)
+    for (int x = 0; x < picture->width(); ++x) {
+      const uint32_t p = picture->GetPixel(x, y);
+      const bool ink = (p & 0xFF) + ((p >> 8) & 0xFF) + ((p >> 16) & 0xFF) < 300;
+      (y < extent.cy ? ink_above : ink_below) += ink;
+    }
+  EXPECT_GT(ink_above, 50);
+  EXPECT_EQ(ink_below, 0);
 }
 
 TEST_F(Fields, EditKeepsTypingAndWearsTheThemesFrame) {

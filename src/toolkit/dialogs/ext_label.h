@@ -2,6 +2,7 @@
 // margins, colour overrides and a tooltip.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -45,9 +46,11 @@ class CExtLabel : public ThemedControl {
   void SyncNotifyStyle();
 };
 
+// The width of a line of text in pixels.
+using TextWidth = std::function<int(const std::string& line)>;
+
 // Breaks `text` into the lines a label of `width` pixels shows: at line breaks, and after the
 // last space that fits (a word longer than the line stands alone on its line).
-std::vector<std::string> WrapLabelText(const std::string& text, const platform::FontSpec& font, int width,
-                                       bool wrap);
+std::vector<std::string> WrapLabelText(const std::string& text, const TextWidth& measure, int width, bool wrap);
 
 }  // namespace qmk::toolkit
