@@ -1,4 +1,4 @@
-// ext_button.cpp: button kinds by style, the state a button is drawn in, and its themed face.
+// ext_button.cpp: the state a button is drawn in, and its themed face.
 #include "toolkit/dialogs/ext_button.h"
 
 #include "platform/ui/control_messages.h"
@@ -25,31 +25,6 @@ unsigned ButtonStateOf(unsigned base, uint32_t style, uintptr_t button_state) {
 }
 
 }  // namespace
-
-ButtonStyleKind ButtonKindOf(uint32_t style) {
-  switch (style & 0xF) {
-    case 0: case 1: case 8: case 11:
-      return ButtonStyleKind::kPush;
-    case 2: case 3: case 5: case 6:
-      return ButtonStyleKind::kCheck;
-    case 4: case 9:
-      return ButtonStyleKind::kRadio;
-    case 7:
-      return ButtonStyleKind::kGroup;
-    default:
-      return ButtonStyleKind::kOther;
-  }
-}
-
-bool IsAutomaticKind(uint32_t style) {
-  const uint32_t kind = style & 0xF;
-  return kind == 3 || kind == 6 || kind == 9;
-}
-
-bool IsThreeStateKind(uint32_t style) {
-  const uint32_t kind = style & 0xF;
-  return kind == 5 || kind == 6;
-}
 
 unsigned CExtButton::PaintState() const {
   const auto button_state = static_cast<uintptr_t>(ui::SendMessage(m_hWnd, ui::BM_GETSTATE, 0, 0));
