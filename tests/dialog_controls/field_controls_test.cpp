@@ -113,6 +113,29 @@ TEST_F(Fields, LabelBreaksLinesByItsOwnFontNotTheThemes) {
   EXPECT_EQ(ink_below, 0);
 }
 
+TEST_F(Fields, LabelShowsItsPictureInsteadOfTheText) {
+  HWND h = Make(kStaticClass, "WWWW", platform::ui::controls::SS_CENTERIMAGE, {10, 10, 50, 30}, 3);
+  CExtLabel label;
+  ASSERT_TRUE(label.SubclassWindow(h));
+  bitmap::CExtBitmap red;
+  ASSERT_TRUE(red.Create(4, 4, 32));
+  for (int y = 0; y < 4; ++y)
+    for (int x = 0; x < 4; ++x) red.SetPixel(x, y, {0, 0, 255, 255});
+  label.SetBitmap(red);
+  auto picture = RenderWindow(h);
+  ASSERT_NE(picture, nullptr);
+  // A 40 by 20 label centres the picture at 18..22, 8..12, and draws no text.
+  EXPECT_EQ(Rgb(picture->GetPixel(19, 9)), 0x0000FFu);
+  EXPECT_NE(Rgb(picture->GetPixel(17, 9)), 0x0000FFu);
+  int ink = 0;
+  for (int y = 0; y < picture->height(); ++y)
+    for (int x = 0; x < picture->width(); ++x) ink += Rgb(picture->GetPixel(x, y)) < 0x404040u;
+  EXPECT_EQ(ink, 0);
+  label.SetBitmap(bitmap::CExtBitmap());
+  picture = RenderWindow(h);
+  EXPECT_NE(Rgb(picture->GetPixel(19, 9)), 0x0000FFu) << "the text is back";
+}
+
 TEST_F(Fields, EditKeepsTypingAndWearsTheThemesFrame) {
   HWND h = CreateWindowEx(WS_EX_CLIENTEDGE, kEditClass, "", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
                           10, 10, 120, 24, host_, 5, nullptr);

@@ -3,6 +3,7 @@
 #include "toolkit/dialogs/ext_label.h"
 
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/control_messages.h"
 #include "platform/ui/paint.h"
 #include "platform/ui/window.h"
 #include "toolkit/theme/draw_primitives.h"
@@ -132,16 +133,36 @@ void CExtLabel::SetBkColor(uint32_t rgb) {
   Invalidate();
 }
 
-bool CExtLabel::PaintsClient() const { return IsTextKind(Style()); }
+void CExtLabel::SetBitmap(const bitmap::CExtBitmap& picture) {
+  m_bitmap = picture;
+  Invalidate();
+}
+
+bool CExtLabel::PaintsClient() const { return IsTextKind(Style()) || !m_bitmap.IsEmpty(); }
 
 void CExtLabel::PaintControl(platform::DrawTarget& target, const platform::DrawRect& rc) {
-  auto& pm = *theme::g_PaintManager().GetPM();
   if (m_clrBackground != kThemeColor) theme::draw::Fill(target, rc, m_clrBackground);
   else PaintParentBackground(target, rc);
-  const uint32_t style = Style();
-  const bool enabled = ui::IsWindowEnabled(m_hWnd);
   const platform::DrawRect box{rc.left + m_nMarginLeft, rc.top + m_nMarginTop, rc.right - m_nMarginRight,
                                rc.bottom - m_nMarginBottom};
+  if (m_bitmap.IsEmpty()) PaintText(target, box);
+  else PaintBitmap(target, box);
+}
+
+void CExtLabel::PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box) {
+  int x = box.left, y = box.top;
+  if (Style() & ui::controls::SS_CENTERIMAGE) {
+    x = box.left + (box.Width() - m_bitmap.Width()) / 2;
+    y = box.top + (box.Height() - m_bitmap.Height()) / 2;
+  }
+  // Pictures with an alpha channel blend over the background.
+  m_bitmap.AlphaBlend(target, {x, y, x + m_bitmap.Width(), y + m_bitmap.Height()});
+}
+
+void CExtLabel::PaintText(platform::DrawTarget& target, const platform::DrawRect& box) {
+  auto& pm = *theme::g_PaintManager().GetPM();
+  const uint32_t style = Style();
+  const bool enabled = ui::IsWindowEnabled(m_hWnd);
   std::string text = Text();
   if (style & ui::SS_NOPREFIX) text = EscapeMnemonics(text);
   const uint32_t kind = style & ui::SS_TYPEMASK;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/draw/text.h"
+#include "toolkit/bitmap/bitmap.h"
 #include "toolkit/dialogs/themed_control.h"
 #include "toolkit/dialogs/tool_tip.h"
 
@@ -28,12 +29,17 @@ class CExtLabel : public ThemedControl {
   // kThemeColor gives the slot back to the theme.
   void SetTextColor(bool enabled, uint32_t rgb);
   void SetBkColor(uint32_t rgb);
+  // A picture shown instead of the text, at the top left inside the margins (centred with
+  // SS_CENTERIMAGE); an empty picture gives the text back.
+  void SetBitmap(const bitmap::CExtBitmap& picture);
+  const bitmap::CExtBitmap& GetBitmap() const { return m_bitmap; }
 
   std::string m_strToolTipText;
   bool m_bToolTipActive = true;
   int m_nMarginLeft = 0, m_nMarginTop = 0, m_nMarginRight = 0, m_nMarginBottom = 0;
   unsigned m_nToolTipAlign = kTipAlignDefault;
   uint32_t m_clrTextNormal = kThemeColor, m_clrTextDisabled = kThemeColor, m_clrBackground = kThemeColor;
+  bitmap::CExtBitmap m_bitmap;
 
  protected:
   void OnSubclassed() override;
@@ -44,6 +50,8 @@ class CExtLabel : public ThemedControl {
 
  private:
   void SyncNotifyStyle();
+  void PaintText(platform::DrawTarget& target, const platform::DrawRect& box);
+  void PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box);
 };
 
 // The width of a line of text in pixels.
