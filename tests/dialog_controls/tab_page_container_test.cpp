@@ -160,6 +160,20 @@ TEST_F(TabPages, AClickOnATabSelectsItsPageAndFocusesIt) {
   EXPECT_EQ(GetFocus(), GetDlgItem(pages_[1], 200));
 }
 
+TEST_F(TabPages, TheTabUnderTheMouseIsHotUntilTheMouseGoesElsewhere) {
+  AddThree();
+  Point over = TabCentre(2);
+  ClientToScreen(tabs_.GetSafeTabWindow(), &over);
+  InjectMouse(MouseAction::Move, over);
+  Pump();
+  EXPECT_EQ(tabs_.HotTab(), 2);
+  Point away{5, 300};
+  ClientToScreen(host_, &away);
+  InjectMouse(MouseAction::Move, away);
+  Pump();
+  EXPECT_EQ(tabs_.HotTab(), -1);
+}
+
 TEST_F(TabPages, PageKeysCycleAndTabStaysInsideThePage) {
   AddThree();
   SetFocus(GetDlgItem(pages_[0], 101));
