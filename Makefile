@@ -50,3 +50,10 @@ bench: build
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)
+
+# make docs   render the theme gallery of docs/themes.md (docs/themes/*.png) with qmkscan
+.PHONY: docs
+docs: deps
+	@cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQMK_WERROR=ON $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(BUILD) -j $(JOBS) --target qmkscan
+	@scripts/render-gallery $(BUILD)/tools/qmkscan/qmkscan docs/themes

@@ -283,6 +283,29 @@ QMK_API int ScnResetScannerErrorLog(char* first, char* second);
 QMK_API int ScnMakeAutoName(QMK_HWND owner, const char* data_path, char* out_name,
                             build_data* record, int commit);
 
+/* The option dialogs. Each works on a copy and writes *record only when the operator presses OK;
+ * it returns 1 then, and 0 on Cancel (and for a null record, without a dialog). */
+
+/* The scanning options dialog: file names, batch data, stop conditions, read levels and
+ * transport printing. C++ hosts pass the configuration by reference, C hosts its address.
+ * read_level 1 offers no read parameters, 2 numbers, any other named levels. The last three
+ * arguments are accepted and not used: the dialog has no parent and its help id is 2004. */
+#if defined(__cplusplus)
+#define QMK_SCT_CONFIG_REF sct_config&
+#define QMK_SCT_CONFIG_ADDRESS(ref) (&(ref))
+#else
+#define QMK_SCT_CONFIG_REF sct_config*
+#define QMK_SCT_CONFIG_ADDRESS(ref) (ref)
+#endif
+QMK_API int ScnSetScanOptions(build_data* record, QMK_SCT_CONFIG_REF config, int read_level,
+                              unsigned reserved1, QMK_HWND reserved2, unsigned reserved3);
+
+/* The conversion options dialog (the output file of the conversion after scanning) and the edit
+ * options dialog (how the next edit pass treats the records). help_id becomes the dialog's help
+ * context, parent its parent window (may be null). */
+QMK_API int ScnSetConversionOptions(build_data* record, unsigned help_id, QMK_HWND parent);
+QMK_API int ScnSetEditOptions(build_data* record, unsigned help_id, QMK_HWND parent);
+
 /* ---- the operator: how the library asks a person ---------------------------------------------
  * A host that answers faults and waits itself (a service without a terminal, a program with its
  * own windows) installs its callbacks here. Without one the library's own dialogs answer once
@@ -356,6 +379,16 @@ QMK_API int ScnIsPadLotScannerPresentOnPort(const char* port);
 
 /* Writes the fixed configuration of a PadLot scanner on COM port `port`. */
 QMK_API void ScnSetCfigWithPadLotInfo(int port, sct_config* cfg, sct_config_ex* comm);
+
+/* Shows the scanner configuration dialog over the host's records and returns its result: 1 OK,
+ * 2 Cancel, -1 when cfg or comm is null or the dialog can't be shown. Its three hardware
+ * checkboxes and the port reach the records at once, and stay changed on Cancel. On OK each
+ * non-null pointer gets its value: tested 1 when Auto Configure found the scanner; each of the
+ * three states 1 when the dialog's state of that option isn't 0, else 0. help_id 0 stands for
+ * 2000; the parent is not used. */
+QMK_API int ScnScannerConfig(QMK_HWND parent, sct_config* cfg, sct_config_ex* comm,
+                             unsigned help_id, int* tested, int* select_state, int* printer_state,
+                             int* bar_code_state);
 
 /* 12 for family 12, else 8. */
 QMK_API int ScnGetDefaultLeadEdgeTol(int family);

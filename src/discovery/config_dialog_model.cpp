@@ -94,11 +94,11 @@ int ModelAtOpen(const feat_mask& feat) {
   return sub != 0 ? 516 : 514;
 }
 
-CDlgConfigureScanner::CDlgConfigureScanner(sct_config& config, sct_config_ex& comm,
+ConfigureScannerModel::ConfigureScannerModel(sct_config& config, sct_config_ex& comm,
                                            ConfigDialogServices& services)
     : config_(config), comm_(comm), services_(services) {}
 
-void CDlgConfigureScanner::OnInitDialog() {
+void ConfigureScannerModel::OnInitDialog() {
   models_.clear();
   for (const int id : kModelOrder) models_.push_back({services_.ModelName(id), id});
   model_at_open_ = ModelAtOpen(config_.feat_mask);
@@ -109,13 +109,13 @@ void CDlgConfigureScanner::OnInitDialog() {
   top_most_ = !m_bServerModeWindow;
 }
 
-bool CDlgConfigureScanner::UsbOffered() const { return IsOneOf(selected_model(), {509, 511, 518}); }
+bool ConfigureScannerModel::UsbOffered() const { return IsOneOf(selected_model(), {509, 511, 518}); }
 
-bool CDlgConfigureScanner::CommHiddenByUsb() const {
+bool ConfigureScannerModel::CommHiddenByUsb() const {
   return UsbOffered() && comm_.port == QMK_PORT_USB && selected_model() == model_at_open_;
 }
 
-void CDlgConfigureScanner::ComputeStates() {
+void ConfigureScannerModel::ComputeStates() {
   states_.fill(STATE_HIDDEN);
   states_[kGroupModel] = STATE_SHOWN;
   const int model = selected_model();
@@ -139,7 +139,7 @@ void CDlgConfigureScanner::ComputeStates() {
   FillLists();
 }
 
-void CDlgConfigureScanner::FillLists() {
+void ConfigureScannerModel::FillLists() {
   const int model = selected_model();
   static const int kBauds[] = {1200, 2400, 4800, 9600, 19200, 38400};
   bauds_.clear();
@@ -160,11 +160,11 @@ void CDlgConfigureScanner::FillLists() {
       if (row.value < 10) bar_code_ports_.push_back(row);
 }
 
-int CDlgConfigureScanner::ValueAt(const std::vector<ListRow>& list, int row) const {
+int ConfigureScannerModel::ValueAt(const std::vector<ListRow>& list, int row) const {
   return row >= 0 && row < static_cast<int>(list.size()) ? list[row].value : 0;
 }
 
-void CDlgConfigureScanner::LoadValues() {
+void ConfigureScannerModel::LoadValues() {
   const bool saved = selected_model() == model_at_open_;
   const frame::Features f = frame::FeaturesOf(config_.feat_mask);
   m_bPrinter = saved && config_.feat_mask.transport_printer;
@@ -190,14 +190,14 @@ void CDlgConfigureScanner::LoadValues() {
                                       : kParityOdd;
 }
 
-void CDlgConfigureScanner::OnModelChange(int row) {
+void ConfigureScannerModel::OnModelChange(int row) {
   if (row < 0 || row >= static_cast<int>(models_.size())) return;
   model_row_ = row;
   ComputeStates();
   LoadValues();
 }
 
-void CDlgConfigureScanner::OnPortChange(int row) {
+void ConfigureScannerModel::OnPortChange(int row) {
   m_nPortRow = row;
   comm_.port = static_cast<int16_t>(ValueAt(ports_, row));
   if (UsbOffered()) {
@@ -209,7 +209,7 @@ void CDlgConfigureScanner::OnPortChange(int row) {
     bauds_.push_back({"115200", 0});
 }
 
-void CDlgConfigureScanner::OnBarCodeToggle() {
+void ConfigureScannerModel::OnBarCodeToggle() {
   m_bBarCode = !m_bBarCode;
   feat_mask& feat = config_.feat_mask;
   feat.bar_code_reader = m_bBarCode;
@@ -224,17 +224,17 @@ void CDlgConfigureScanner::OnBarCodeToggle() {
   }
 }
 
-void CDlgConfigureScanner::OnSelectToggle() {
+void ConfigureScannerModel::OnSelectToggle() {
   m_bSelect = !m_bSelect;
   config_.feat_mask.select_stacker = m_bSelect;
 }
 
-void CDlgConfigureScanner::OnPrinterToggle() {
+void ConfigureScannerModel::OnPrinterToggle() {
   m_bPrinter = !m_bPrinter;
   config_.feat_mask.transport_printer = m_bPrinter;
 }
 
-bool CDlgConfigureScanner::Validate() {
+bool ConfigureScannerModel::Validate() {
   if (states_[kGroupPort] == STATE_HIDDEN) return true;
   // The parity test reads the radio value of None, so it fires for Odd and Even alike.
   if (m_nDataBits == 8 && m_nStopBits == 2 && m_nParity != kParityNone) {
@@ -249,13 +249,13 @@ bool CDlgConfigureScanner::Validate() {
   return true;
 }
 
-bool CDlgConfigureScanner::OnOK() {
+bool ConfigureScannerModel::OnOK() {
   if (!Validate()) return false;
   Save();
   return true;
 }
 
-void CDlgConfigureScanner::Save() {
+void ConfigureScannerModel::Save() {
   feat_mask& feat = config_.feat_mask;
   comm_.aux_port = 0;
   const bool printer = states_[kGroupPrinter] != STATE_HIDDEN && m_bPrinter;
@@ -284,14 +284,23 @@ void CDlgConfigureScanner::Save() {
   }
 }
 
-void CDlgConfigureScanner::EnterBusy() { busy_ = true; }
-void CDlgConfigureScanner::LeaveBusy() { busy_ = false; }
+void ConfigureScannerModel::EnterBusy() {
+  if (busy_) return;
+  busy_ = true;
+  if (busy_listener_) busy_listener_(true);
+}
 
-void CDlgConfigureScanner::SelectModel(int model) {
+void ConfigureScannerModel::LeaveBusy() {
+  if (!busy_) return;
+  busy_ = false;
+  if (busy_listener_) busy_listener_(false);
+}
+
+void ConfigureScannerModel::SelectModel(int model) {
   model_row_ = std::max(0, RowOf(models_, model));
 }
 
-int CDlgConfigureScanner::UsbTest() {
+int ConfigureScannerModel::UsbTest() {
   int a = 0, b = 0, c = 0, d = 0;
   if (services_.CheckUsb(a, b, c, d) == 0) return kNotConfigured;
   const bool keep = IsOneOf(selected_model(), {502, 518});
@@ -304,7 +313,7 @@ int CDlgConfigureScanner::UsbTest() {
   return kConfigured;
 }
 
-int CDlgConfigureScanner::PadLotTest(const std::string& port_name) {
+int ConfigureScannerModel::PadLotTest(const std::string& port_name) {
   EnterBusy();
   if (!services_.PadLotOnPort(port_name)) return kNotConfigured;  // busy stays for the search
   const int port = comm_.port;
@@ -316,7 +325,7 @@ int CDlgConfigureScanner::PadLotTest(const std::string& port_name) {
   return kConfigured;
 }
 
-int CDlgConfigureScanner::Search(const std::string& port_name) {
+int ConfigureScannerModel::Search(const std::string& port_name) {
   const std::vector<uint32_t> list = [&] {
     std::vector<uint32_t> values;
     for (const ListRow& row : bauds_) values.push_back(static_cast<uint32_t>(row.value));
@@ -347,7 +356,7 @@ int CDlgConfigureScanner::Search(const std::string& port_name) {
   return kConfigured;
 }
 
-void CDlgConfigureScanner::ShowResult(int result) {
+void ConfigureScannerModel::ShowResult(int result) {
   int text = 2095;
   bool information = false;
   for (const ResultText& r : kResults)
@@ -355,7 +364,7 @@ void CDlgConfigureScanner::ShowResult(int result) {
   services_.ShowMessage(services_.Text(text), information ? kIconInformation : kIconExclamation);
 }
 
-int CDlgConfigureScanner::AutoConfigure() {
+int ConfigureScannerModel::AutoConfigure() {
   m_bTested = false;
   const int model = selected_model();
   int result = kNotConfigured;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -53,11 +54,10 @@ class ConfigDialogServices {
   virtual std::string Text(int id) = 0;
 };
 
-class CDlgConfigureScanner {
+// The dialog's rules without a window; CDlgConfigureScanner shows it.
+class ConfigureScannerModel {
  public:
-  static constexpr int kIdd = 2000;
-
-  CDlgConfigureScanner(sct_config& config, sct_config_ex& comm, ConfigDialogServices& services);
+  ConfigureScannerModel(sct_config& config, sct_config_ex& comm, ConfigDialogServices& services);
 
   void OnInitDialog();
   void OnModelChange(int row);
@@ -79,8 +79,12 @@ class CDlgConfigureScanner {
   const std::vector<ListRow>& ports() const { return ports_; }
   const std::vector<ListRow>& bauds() const { return bauds_; }
   const std::vector<ListRow>& bar_code_ports() const { return bar_code_ports_; }
+  int model_row() const { return model_row_; }
   bool busy() const { return busy_; }
   bool top_most() const { return top_most_; }
+  // Called with true on entering the busy state and false on leaving it, so that a view can
+  // show the busy text while a probe blocks.
+  void SetBusyListener(std::function<void(bool)> listener) { busy_listener_ = std::move(listener); }
 
   // Values the view exchanges with its controls.
   bool m_bPrinter = false, m_bBarCode = false, m_bSelect = false, m_bLog = false;
@@ -119,6 +123,7 @@ class CDlgConfigureScanner {
   int model_at_open_ = 500;
   bool busy_ = false;
   bool top_most_ = false;
+  std::function<void(bool)> busy_listener_;
 };
 
 // The model row that a stored feature word names.

@@ -7,8 +7,10 @@
 #include "discovery/port_list.h"
 #include "discovery/probes.h"
 #include "frame/message_display.h"
+#include "frame/model_table.h"
 #include "qmk/QmkGen.h"
 #include "qmk/QmkLink.h"
+#include "toolkit/dialogs/string_table.h"
 
 namespace qmk::discovery {
 
@@ -58,32 +60,20 @@ SearchOutcome LibraryConfigServices::SearchPort(const std::string& port_name,
 
 int LibraryConfigServices::DefaultLeadEdgeTol(int family) { return ScnGetDefaultLeadEdgeTol(family); }
 
-namespace {
-
-// The dialog's own words, for texts the common services don't hold.
-const char* OwnText(int id) {
-  switch (id) {
-    case 2013: return "You may not specify 8 data bits, 2 stop bits and a parity bit.";
-    case 2015: return "You may not set the bar code port the same as the main communications port.";
-    case 2062: return "No scanner could be found. Check that the scanner is switched on, connected and "
-                      "ready, and that the model and port are right.";
-    case 2087: return "The scanner was found and the configuration has been set.";
-    case 2089: return "The scanner did not answer. Check that it is switched on and connected.";
-    case 2090: return "The port could not be opened or set up. It may be in use by another program.";
-    case 2091: return "The scanner answered, but not as this model. Check the model selected.";
-    case 2092: return "The scanner reports a fault. Clear it and try again.";
-    case 2093: return "The scanner's driver could not be loaded.";
-    case 2094: return "The scanner is busy. Wait for it to finish and try again.";
-    default: return "The scanner could not be configured automatically.";
-  }
+uint32_t LibraryConfigServices::FeatureWordFor(int model, bool stacker_box, int& forced_port) {
+  const frame::ModelRow* row = frame::FindModel(model);
+  if (!row) row = frame::FindModel(500);
+  forced_port = row->forced_port;
+  return frame::FeatureWordFor(*row, stacker_box);
 }
 
-}  // namespace
-
 std::string LibraryConfigServices::Text(int id) {
-  char text[256] = {};
-  if (GenLoadText(nullptr, id, text, sizeof text) > 0) return text;
-  return OwnText(id);
+  std::string text;
+  if (toolkit::LoadString(id, text)) return text;
+  // Not in this library's table: the common services may hold it.
+  char loaded[256] = {};
+  if (GenLoadText(nullptr, id, loaded, sizeof loaded) > 0) return loaded;
+  return "Text " + std::to_string(id) + " is missing.";
 }
 
 }  // namespace qmk::discovery

@@ -7,8 +7,6 @@
 
 namespace qmk::discovery {
 
-// Everything but the feature word of a model: the model table lies in the scanning layer, so
-// the code that builds the dialog (the export) supplies it.
 class LibraryConfigServices : public ConfigDialogServices {
  public:
   std::string ModelName(int text_id) override;
@@ -19,6 +17,7 @@ class LibraryConfigServices : public ConfigDialogServices {
   bool PadLotOnPort(const std::string& port_name) override;
   SearchOutcome SearchPort(const std::string& port_name, const std::vector<uint32_t>& bauds,
                            int selected_model) override;
+  uint32_t FeatureWordFor(int model, bool stacker_box, int& forced_port) override;
   int DefaultLeadEdgeTol(int family) override;
   std::string Text(int id) override;
 };

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "discovery/config_dialog_services.h"
+#include "discovery/configure_scanner_dialog.h"
 #include "discovery/identity.h"
 #include "discovery/port_list.h"
 #include "discovery/probes.h"
@@ -68,6 +70,24 @@ QMK_API void ScnEnumSerialPorts(std::vector<SSerInfo>& ports, int check_open) {
 QMK_API void ScnGetScannerName(feat_mask& feat, std::string& name, const char* firmware) {
   qmk::frame::ModuleStateGuard guard;
   name = qmk::discovery::ScnGetScannerName(feat, firmware);
+}
+
+QMK_API int ScnScannerConfig(QMK_HWND, sct_config* cfg, sct_config_ex* comm, unsigned help_id,
+                             int* tested, int* select_state, int* printer_state,
+                             int* bar_code_state) {
+  qmk::frame::ModuleStateGuard guard;
+  if (!cfg || !comm) return -1;
+  // The parent isn't used: the dialog has no owner, as the host's own dialogs expect.
+  qmk::discovery::LibraryConfigServices services;
+  qmk::discovery::ScannerConfigReport report;
+  const intptr_t result = qmk::discovery::RunScannerConfig(*cfg, *comm, help_id, services, &report);
+  if (result == 1) {
+    if (tested) *tested = report.tested;
+    if (select_state) *select_state = report.select_state;
+    if (printer_state) *printer_state = report.printer_state;
+    if (bar_code_state) *bar_code_state = report.bar_code_state;
+  }
+  return static_cast<int>(result);
 }
 
 QMK_API int ScnEnumSerialPortsC(SSerInfo* ports, int capacity, int check_open, int* count,

@@ -5,6 +5,7 @@
 #include "frame/module_state_guard.h"
 #include "frame/operator.h"
 #include "platform/process.h"
+#include "platform/ui/window.h"
 
 namespace qmk::frame {
 namespace {
@@ -27,8 +28,13 @@ bool CCorvidApp::InitInstance() {
   return true;
 }
 
+QMK_HWND CCorvidApp::ActiveWindow() const {
+  return m_hActiveWnd ? m_hActiveWnd : platform::ui::GetActiveWindow();
+}
+
 int CCorvidApp::DoMessageBox(const std::string& text, unsigned flags, unsigned prompt_id) {
-  QMK_HWND parent = m_hActiveWnd ? m_hActiveWnd : (m_pMainWnd ? m_hLastActivePopup : nullptr);
+  const QMK_HWND active = ActiveWindow();
+  const QMK_HWND parent = active ? active : (m_pMainWnd ? m_hLastActivePopup : nullptr);
   return CurrentOperator().MessageBox(parent, text, "", flags, static_cast<int>(prompt_id));
 }
 

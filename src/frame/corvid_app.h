@@ -33,8 +33,11 @@ class CCorvidApp {
   bool help_mode() const { return m_bHelpMode; }
   int idle_kicks() const { return m_nIdleKicks; }
 
+  // The active window: the one set here, else the window system's active window, or null.
+  QMK_HWND ActiveWindow() const;
+
   // Windows the framework knows: the main window, the active one, the main window's last
-  // active popup. Set by the window layer; null when there is none.
+  // active popup. Set by the window layer or a host; null when there is none.
   QMK_HWND m_pMainWnd = nullptr;
   QMK_HWND m_hActiveWnd = nullptr;
   QMK_HWND m_hLastActivePopup = nullptr;

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "frame/corvid_app.h"
 #include "frame/operator.h"
 #include "platform/process.h"
 #include "qmk/QmkGen.h"
@@ -69,8 +70,10 @@ int ShowMessageFormatted(int id, unsigned flags, ...) {
 int DisplayMessage(const std::string& text, unsigned flags) {
   const std::string caption = MessageCaption();
   GenTraceDebugFormatted("Display Message Box", "%s,%s", caption.c_str(), text.c_str());
-  // The library has no main window of its own: its boxes have no parent.
-  return CurrentOperator().MessageBox(nullptr, text, caption, WithDefaultIcon(flags), GenGetHelpId());
+  // The application's main window when there is one; a library loaded by a host has none unless
+  // the host gave it one, and then the box stands alone.
+  return CurrentOperator().MessageBox(TheApp().m_pMainWnd, text, caption, WithDefaultIcon(flags),
+                                      GenGetHelpId());
 }
 
 }  // namespace qmk::frame

@@ -52,8 +52,9 @@ class Operator {
   virtual void PumpMessages() {}
 };
 
-// The operator in use: one set by SetOperator; else a host's C callbacks; else the terminal when
-// standard input is one; else the unattended operator, which answers faults with Cancel.
+// The operator in use: one set by SetOperator; else a host's C callbacks; else the library's own
+// dialogs where a window system back end can be up; else the terminal when standard input is
+// one; else the unattended operator, which answers faults with Cancel.
 Operator& CurrentOperator();
 // Installs `op` (not owned) and returns the previous one; null returns to the default choice.
 Operator* SetOperator(Operator* op);
@@ -64,5 +65,13 @@ void SetHostCallbacks(const ScnOperator* callbacks);
 // else No, else OK (Abort for abort/retry/ignore), so an unattended run stops rather than
 // repeating.
 int ClosedBoxAnswer(unsigned flags);
+
+// The default choice when no operator is set, from what the process has.
+enum class OperatorKind { kHost, kDialogs, kTerminal, kUnattended };
+OperatorKind ChooseOperatorKind(bool host_callbacks, bool window_system, bool stdin_terminal);
+// Whether the library's dialogs can be shown: a host or a test asks for the headless back end
+// (QMK_UI=headless), or a display is there for the GTK back end and its module can be loaded.
+bool WindowSystemAvailable(const char* qmk_ui, const char* display, const char* wayland,
+                           bool gtk_module_found);
 
 }  // namespace qmk::frame

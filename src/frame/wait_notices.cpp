@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/timers.h"
+#include "platform/ui/window.h"
 #include "toolkit/dialogs/string_table.h"
 
 namespace qmk::frame {
@@ -48,6 +48,11 @@ constexpr char kLampFallback[] = "Lamps are warming up.  %d seconds remaining.";
 
 CScnWaitLampWarmup* g_current_warmup = nullptr;
 
+// The timer has no window: it finds its object through the one current warm-up.
+void TickCurrentWarmup(platform::ui::HWND, unsigned, uintptr_t, int64_t) {
+  if (g_current_warmup) g_current_warmup->Tick();
+}
+
 }  // namespace
 
 CScnWaitLampWarmup* CurrentLampWarmup() { return g_current_warmup; }
@@ -61,9 +66,7 @@ std::string FormatLampTime(const std::string& format, int seconds) {
 CScnWaitLampWarmup::CScnWaitLampWarmup(QMK_HWND parent, std::function<int()> remaining_seconds)
     : parent_(parent), remaining_seconds_(std::move(remaining_seconds)) {
   if (!toolkit::LoadString(kLampText, m_strFormat)) m_strFormat = kLampFallback;
-  m_nTimerId = platform::SetTimer(1000, [] {
-    if (g_current_warmup) g_current_warmup->Tick();
-  });
+  m_nTimerId = platform::ui::SetTimer(nullptr, 0, 1000, TickCurrentWarmup);
   Operator& op = CurrentOperator();
   m_pDialog = op.CreateNotice(parent, "", true);
   if (m_pDialog) {
@@ -76,7 +79,7 @@ CScnWaitLampWarmup::CScnWaitLampWarmup(QMK_HWND parent, std::function<int()> rem
 }
 
 CScnWaitLampWarmup::~CScnWaitLampWarmup() {
-  platform::KillTimer(m_nTimerId);
+  platform::ui::KillTimer(nullptr, m_nTimerId);
   m_nTimerId = 0;
   if (m_pDialog) {
     CurrentOperator().EnableWindow(parent_, true);

@@ -1,6 +1,7 @@
 // wait_notices.h: the notices that cover a wait; the object's life is the wait.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -44,11 +45,11 @@ class CScnWaitLampWarmup {
 
   // The dialog's Cancel was pressed; false with no dialog.
   bool Cancelled() const { return m_pDialog && m_pDialog->Cancelled(); }
-  // The once-a-second timer's work.
+  // The once-a-second work of the window system's timer, which ticks while the thread pumps.
   void Tick();
 
   std::unique_ptr<Notice> m_pDialog;
-  int m_nTimerId = 0;
+  uintptr_t m_nTimerId = 0;
   std::string m_strFormat;
 
  private:

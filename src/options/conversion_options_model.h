@@ -31,6 +31,10 @@ class CConvertOptionsDialog {
 
   bool Enabled(int id) const;
   int focus() const { return focus_; }
+  // The caller's values, which a view shows and reads.
+  int& choice() { return choice_; }
+  std::string& file_name() { return file_name_; }
+  bool& replace() { return replace_; }
 
   int m_nHelpId = -1;
   std::string m_strTitle = "Conversion Options ";

@@ -7,14 +7,17 @@
 #include <map>
 
 #include "frame/message_display.h"
+#include "options/auto_name_dialog_view.h"
+#include "options/file_chooser.h"
 #include "options/settings_paths.h"
+#include "platform/ui/window.h"
 #include "qmk/QmkGen.h"
 
 namespace qmk::options {
 namespace {
 
-// The common services' texts that these dialogs use, until the common services hand them out
-// by id. The filter ends in its own separator, which the browse step turns into bars.
+// The common services' texts that these dialogs use where the common services have none of
+// their own. The filter ends in its own separator, which the browse step turns into bars.
 const std::map<int, std::string>& CommonTexts() {
   static const std::map<int, std::string> texts = {
       {kTextChooserTitle, "Select Conversion Output File"},
@@ -49,6 +52,8 @@ int DaysInMonth(int month, int year) {
 class LibraryServices : public OptionServices {
  public:
   std::string Text(int id) override {
+    char buffer[1024];
+    if (GenLoadText(nullptr, id, buffer, sizeof buffer) > 0) return buffer;
     const auto found = CommonTexts().find(id);
     return found == CommonTexts().end() ? std::string() : found->second;
   }
@@ -103,10 +108,14 @@ class LibraryServices : public OptionServices {
   bool CheckAutoNameTemplate(const std::string& name_template) override {
     return GenCheckAutoNameCString(name_template.c_str(), nullptr) != 0;
   }
-  int RunAutoNameDialog(CAutoNameDialog&) override { return frame::kIdCancel; }
-  bool ChooseOpenFile(const std::string&, const std::string&, const std::string&,
-                      const std::string&, std::string&) override {
-    return false;
+  int RunAutoNameDialog(CAutoNameDialog& model) override {
+    view::CAutoNameDialog dialog(model, platform::ui::GetActiveWindow());
+    return static_cast<int>(dialog.DoModal());
+  }
+  bool ChooseOpenFile(const std::string& title, const std::string& filter,
+                      const std::string& initial_folder, const std::string& initial_file,
+                      std::string& chosen) override {
+    return RunFileChooser(title, filter, initial_folder, initial_file, chosen);
   }
 };
 

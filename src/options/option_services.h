@@ -42,8 +42,7 @@ class OptionServices {
 };
 
 // The services of the running library: the common services' texts and checks, the library's
-// message road. It has no window of its own, so it runs no sub-dialog and no chooser: those
-// answer Cancel until the view layer installs its own services.
+// message road, the automatic file naming dialog and the library's open-file chooser.
 OptionServices& DefaultOptionServices();
 
 // Splits a path at its last '/' into folder and file; false when there is no folder part.

@@ -32,13 +32,14 @@ void CScanningOptionsMainDlg::OnInitDialog() {
   focus_ = frame::kIdOk;
 }
 
-bool CScanningOptionsMainDlg::OnOK() {
+bool CScanningOptionsMainDlg::OnOK(const std::function<bool()>& read_second_page) {
   if (!m_tabFileNames.ValidateFileNames()) {
     selected_page_ = kFileNamesPage;
     return false;
   }
   CScanningOptionsTabScannerControl& control = m_tabScannerControl;
-  if (!control.CheckPrintPosition() || !control.ValidateBatchData() || !control.SpinTest()) {
+  if ((read_second_page && !read_second_page()) || !control.CheckPrintPosition() ||
+      !control.ValidateBatchData() || !control.SpinTest()) {
     selected_page_ = kScannerControlPage;
     return false;
   }

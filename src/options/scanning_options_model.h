@@ -170,8 +170,10 @@ class CScanningOptionsMainDlg {
   // selects the first page.
   void OnInitDialog();
   // Validates the pages in order; true stores both pages into m_data and closes with OK.
-  // False keeps the dialog open on the page at fault.
-  bool OnOK();
+  // False keeps the dialog open on the page at fault. A view passes `read_second_page`, which
+  // reads the scanner control page's controls with the framework's number checks; it runs after
+  // the file names are validated, and false stops on the second page.
+  bool OnOK(const std::function<bool()>& read_second_page = nullptr);
 
   int selected_page() const { return selected_page_; }
   void SelectPage(int page) { selected_page_ = page; }

@@ -62,9 +62,9 @@ class ConfigDialogTest : public ::testing::Test {
     std::memset(&config_, 0, sizeof config_);
     std::memset(&comm_, 0, sizeof comm_);
   }
-  CDlgConfigureScanner& Open(feat_mask feat) {
+  ConfigureScannerModel& Open(feat_mask feat) {
     config_.feat_mask = feat;
-    dialog_ = std::make_unique<CDlgConfigureScanner>(config_, comm_, services_);
+    dialog_ = std::make_unique<ConfigureScannerModel>(config_, comm_, services_);
     dialog_->OnInitDialog();
     return *dialog_;
   }
@@ -77,7 +77,7 @@ class ConfigDialogTest : public ::testing::Test {
   sct_config config_;
   sct_config_ex comm_;
   FakeConfigServices services_;
-  std::unique_ptr<CDlgConfigureScanner> dialog_;
+  std::unique_ptr<ConfigureScannerModel> dialog_;
 };
 
 TEST(ConfigModelAtOpen, FromTheFeatureWord) {

@@ -1,6 +1,7 @@
 // The lamp warm-up notice: its countdown, hiding at 0, Cancel, and the fall-back format.
 #include <gmock/gmock.h>
 
+#include "frame/message_pump.h"
 #include "frame/wait_notices.h"
 #include "qmk/QmkLink.h"
 #include "platform/timers.h"
@@ -27,10 +28,10 @@ class LampWarmup : public SessionTest {
     ScnScanTerm(rec_);
     SessionTest::TearDown();
   }
-  // One second passes and the thread pumps its timers.
+  // One second passes and the waiting loop pumps the window system's timers.
   void Second() {
     clock_.Advance(1000);
-    platform::RunDueTimers();
+    frame::PumpWhileWaiting(0);
   }
   qlkdata_rec* rec_ = nullptr;
 };

@@ -14,21 +14,6 @@ using namespace grid_test;
 
 namespace {
 
-Bytes BaseWords(uint32_t style = 0x40000000, uint32_t styleEx = 0x80, int32_t icon = -1, int32_t font = -1,
-                uint32_t data = 0) {
-  Bytes b;
-  for (uint32_t w : {style, styleEx, static_cast<uint32_t>(icon), static_cast<uint32_t>(font), data}) Put32(b, w);
-  return b;
-}
-
-// The mix-ins' words (colours, flags, join extent), the cursor-and-tip word, the has-font byte.
-Bytes ExWords(uint32_t join_cx = 1, uint32_t join_cy = 1) {
-  Bytes b;
-  for (uint32_t w : {0xFFFFFFFFu, 0xFFFFFFFFu, 0u, join_cx, join_cy, 0u}) Put32(b, w);
-  b.push_back(0);
-  return b;
-}
-
 TEST(CellArchive, BaseCellIsFiveWords) {
   CExtGridCell cell;
   EXPECT_EQ(Store(cell), BaseWords());

@@ -52,6 +52,29 @@ TEST(GridScript, BuildsChangesAndPrintsAGrid) {
             "order rows: 3-\n");
 }
 
+TEST(GridScript, CellsOfTheirOwnKindShowTheirText) {
+  const std::string out = RunScript(
+      "size 3 2\n"
+      "cell 0 0 duration 90 min\n"
+      "cell 1 0 ipaddress 10.0.0.010\n"
+      "cell 2 0 fraction 0.75\n"
+      "cell 0 1 hotkey ctrl+shift+s\n"
+      "cell 1 1 i4 5\n"
+      "cell 1 1 size 2048\n"  // a kind replaces the cell that was there
+      "sort rows\n");
+  EXPECT_EQ(out,
+            "grid 3 columns, 2 rows, reserved 0, 0\n"
+            "cell 0 0 duration \"01:30:00\"\n"
+            "cell 1 0 ipaddress \"10.0.0.10\"\n"
+            "cell 2 0 fraction \"3/4\"\n"
+            "cell 0 1 hotkey \"Ctrl+Shift+S\"\n"
+            "cell 1 1 size \"2.00 KB\"\n"
+            "order columns: none\n"
+            "order rows: none\n");
+  EXPECT_EQ(RunScript("size 2 2\ncell 0 0 ipaddress 300.1.1.1\n", false), "line 2: cell: \"300.1.1.1\" is no ipaddress");
+  EXPECT_EQ(RunScript("size 2 2\ncell 4 0 duration 5\n", false), "line 2: cell: outside the grid");
+}
+
 TEST(GridScript, RefusalsNameTheLine) {
   struct Case { const char* script; const char* error; };
   for (const Case& c : {Case{"size 2 2\ncell 5 0 i4 1\n", "line 2: cell: outside the grid, or not a value cell"},

@@ -3,8 +3,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "commands.h"
+#include "dialog_samples.h"
 #include "qmk/QmkLinkSim.h"
 #include "qmk/QmkScan.h"
 #include "scan_job.h"
@@ -68,6 +70,8 @@ std::string NameDataFile() {
   return TempPath(name);
 }
 
+// Draws the scanner configuration dialog with its sample records to a PNG beside the data
+// file, on the headless window system: a picture needs no display.
 }  // namespace
 
 int RunDemo(Args& args) {
@@ -109,7 +113,18 @@ int RunDemo(Args& args) {
   std::printf("Summary: %d sheets read, %d rejected, %d taken out after a jam, %d faults answered, "
               "in %.2f s.\n",
               summary.read, summary.rejected, summary.jammed, summary.faults, summary.seconds);
-  return 0;
+  // The dialog a person at a display would have answered the faults in, drawn beside the data.
+  const std::string picture =
+      std::filesystem::path(scan.out).replace_extension().string() + "-scan-error.png";
+  std::printf("The scan error dialog that asks about each fault at a display: ");
+  std::fflush(stdout);
+  if (RenderNamedDialog("scan-error", picture) != 0) return 1;
+  // And the dialog that sets up a scanner, over a serial scanner's records.
+  const std::string configure =
+      std::filesystem::path(scan.out).replace_extension().string() + "-configure.png";
+  std::printf("The scanner configuration dialog: ");
+  std::fflush(stdout);
+  return RenderNamedDialog("configure", configure);
 }
 
 }  // namespace qmkscan

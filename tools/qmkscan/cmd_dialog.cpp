@@ -22,6 +22,14 @@ using namespace qmk::platform::ui;
 // One row per dialog; the rows stay in the order `qmkscan dialog --list` prints them.
 const DialogSampleEntry kDialogs[] = {
     {"sample", "the sample dialog with one of every control", MakeSampleDialog},
+    {"scan-error", "the faults of a failed sheet: read it again or stop", MakeScanErrorSample},
+    {"wait-connect", "the notice while a scanner connects", MakeWaitConnectSample},
+    {"wait-lamp", "the lamp warm-up countdown with its Cancel button", MakeWaitLampSample},
+    {"scan-options", "the scanning options dialog with its two pages", MakeScanOptionsDialog},
+    {"auto-name", "the automatic file naming dialog", MakeAutoNameDialog},
+    {"conversion", "the conversion options dialog", MakeConversionDialog},
+    {"edit", "the edit options dialog", MakeEditDialog},
+    {"configure", "the scanner configuration dialog over a serial scanner's records", MakeConfigureDialog},
 };
 
 const DialogSampleEntry* FindDialog(const std::string& name) {
@@ -32,24 +40,6 @@ const DialogSampleEntry* FindDialog(const std::string& name) {
 
 void PrintDialogList() {
   for (const DialogSampleEntry& entry : kDialogs) std::printf("%-14s %s\n", entry.name, entry.summary);
-}
-
-int Render(DialogSample& sample, const std::string& png) {
-  auto& dialog = sample.Dialog();
-  if (!dialog.Create(sample.TemplateId(), nullptr)) {
-    std::fprintf(stderr, "dialog: %s\n", LastDialogError().c_str());
-    return 1;
-  }
-  ShowWindow(dialog.GetSafeHwnd(), SW_SHOW);
-  PumpMessages(0);
-  const bool ok = RenderWindowToPng(dialog.GetSafeHwnd(), png);
-  dialog.DestroyWindow();
-  if (!ok) {
-    std::fprintf(stderr, "dialog: cannot write %s\n", png.c_str());
-    return 1;
-  }
-  std::printf("wrote %s\n", png.c_str());
-  return 0;
 }
 
 int RunLive(DialogSample& sample) {
@@ -85,7 +75,15 @@ int RunDialog(Args& args) {
   if (png) InstallBackend(MakeHeadlessBackend().release());
   qmk::toolkit::InstallToolkitSeams();
   auto sample = entry->make();
-  return png ? Render(*sample, *png) : RunLive(*sample);
+  return png ? RenderDialogSample(*sample, *png, "dialog") : RunLive(*sample);
+}
+
+int RenderNamedDialog(const char* name, const std::string& png) {
+  const DialogSampleEntry* entry = FindDialog(name);
+  if (!entry || !InstallBackend(MakeHeadlessBackend().release())) return 1;
+  qmk::toolkit::InstallToolkitSeams();
+  auto sample = entry->make();
+  return RenderDialogSample(*sample, png, "demo");
 }
 
 }  // namespace qmkscan

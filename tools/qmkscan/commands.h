@@ -45,5 +45,7 @@ void PrintThemeList();
 bool SelectThemeOption(Args& args, const char* command);
 int RunRender(Args& args);
 int RunDialog(Args& args);
+int RunOptions(Args& args);
+int RunConfigure(Args& args);
 
 }  // namespace qmkscan

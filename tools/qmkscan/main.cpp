@@ -58,6 +58,10 @@ constexpr Command kCommands[] = {
      "lay out and paint a rich content document to a PNG, or print the item under a point", RunRender},
     {"dialog", "NAME [--theme ID] [--png FILE] | --list",
      "show one of the library's dialogs with sample data, or render it to a PNG file", RunDialog},
+    {"options", "scan|conversion|edit [--record FILE] [--png FILE] [--theme ID] [--level N]",
+     "open an option dialog on a job record kept in a text file, written back on OK", RunOptions},
+    {"configure", "[--model ID] [--port N] [--usb] [--auto] [--theme ID]",
+     "run the scanner configuration dialog against the simulated scanners and print the records", RunConfigure},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -1,8 +1,12 @@
 // ext_button.cpp: the state a button is drawn in, and its themed face.
 #include "toolkit/dialogs/ext_button.h"
 
+#include <cctype>
+
 #include "platform/ui/control_messages.h"
+#include "platform/draw/text.h"
 #include "platform/ui/window.h"
+#include "toolkit/dialogs/dialog_keyboard.h"
 #include "toolkit/theme/draw_primitives.h"
 #include "toolkit/theme/painters.h"
 #include "toolkit/theme/paint_manager.h"
@@ -34,8 +38,18 @@ unsigned CExtButton::PaintState() const {
   return state;
 }
 
+static bool AnswersMnemonic(ui::HWND hwnd, const std::string& text, ui::WPARAM upper) {
+  if (!ui::IsWindowEnabled(hwnd) || !ui::IsWindowVisible(hwnd)) return false;
+  const platform::MnemonicText m = platform::StripMnemonics(text);
+  if (m.underline_start < 0 || m.underline_start >= static_cast<int>(m.text.size())) return false;
+  const auto ch = static_cast<unsigned char>(m.text[static_cast<size_t>(m.underline_start)]);
+  return static_cast<ui::WPARAM>(std::toupper(ch)) == upper;
+}
+
 ThemedControl::LRESULT CExtButton::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) {
   switch (msg) {
+    case kMsgOfferMnemonic:
+      return m_bMnemonics && AnswersMnemonic(m_hWnd, Text(), wp) ? 1 : 0;
     case ui::BM_SETSTATE:
     case ui::BM_SETCHECK:
     case ui::BM_SETSTYLE:

@@ -32,6 +32,8 @@ class CExtButton : public ThemedControl {
   int m_nAnimationSteps = 5;
   int m_nAnimationStepTime = 40;
   bool m_bToolTipActive = true;
+  // The button answers its mnemonic when the dialog offers it (its "&" letter).
+  bool m_bMnemonics = true;
   std::string m_strToolTipText;
   uint32_t m_clrTextNormal = kThemeColor, m_clrTextHover = kThemeColor, m_clrTextPressed = kThemeColor,
            m_clrTextDisabled = kThemeColor, m_clrBackground = kThemeColor;

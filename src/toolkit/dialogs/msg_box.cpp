@@ -1,11 +1,12 @@
 // msg_box.cpp: the message box: remembered answers, its controls and their layout, the
-// countdown timer and its keys.
+// countdown timer, its keys, and the Copy and Help actions.
 #include "toolkit/dialogs/msg_box.h"
 
 #include <algorithm>
 #include <cstdio>
 
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/clipboard.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/paint.h"
 #include "platform/ui/screen.h"
@@ -13,6 +14,7 @@
 #include "toolkit/dialogs/dialog_profile.h"
 #include "toolkit/dialogs/resource_manager.h"
 #include "toolkit/dialogs/resource_manager_holder.h"
+#include "toolkit/dialogs/system_menu.h"
 #include "toolkit/dialogs/themed_paint.h"
 #include "toolkit/theme/paint_manager.h"
 #include "toolkit/theme/paint_manager_holder.h"
@@ -22,8 +24,9 @@ namespace {
 
 namespace ui = platform::ui;
 
-constexpr int kTextId = 0xFFF0;
+constexpr int kTextId = kMsgBoxTextId;
 constexpr unsigned kVkCancel = 0x03;  // Ctrl+Break
+constexpr int kScrollBarWidth = 17;
 
 constexpr int kIconSide = 32;
 constexpr uint32_t kBoxStyle = 0x96C800C4u, kBoxStyleSystemModal = 0x96C800C6u;
@@ -42,7 +45,14 @@ std::vector<std::string> Lines(const std::string& text) {
   return out;
 }
 
+MsgBoxHelpHandler& HelpHandler() {
+  static MsgBoxHelpHandler handler;
+  return handler;
+}
+
 }  // namespace
+
+void SetMsgBoxHelpHandler(MsgBoxHelpHandler handler) { HelpHandler() = std::move(handler); }
 
 void SetMsgBoxApplicationName(std::string name) { ApplicationName() = std::move(name); }
 
@@ -96,7 +106,14 @@ void CExtMsgBox::CreateControls() {
     if (h) ui::SendMessage(h, ui::WM_SETFONT, reinterpret_cast<ui::WPARAM>(font), 0);
     return h;
   };
-  make("Static", m_strText, ui::SS_LEFT | ui::SS_NOPREFIX, kTextId);
+  if (TextScrolls()) {
+    // A long text reads in a read-only edit that scrolls, and can be selected and copied.
+    const uint32_t bar = (m_nExtendedStyle & kMbExScrollBar) ? ui::WS_VSCROLL : 0u;
+    make("Edit", m_strText,
+         ui::ES_MULTILINE | ui::ES_READONLY | ui::ES_AUTOVSCROLL | ui::WS_TABSTOP | bar, kTextId);
+  } else {
+    make("Static", m_strText, ui::SS_LEFT | ui::SS_NOPREFIX, kTextId);
+  }
   for (const MsgBoxButton& b : m_buttons.buttons) {
     const uint32_t kind = b.id == m_nDefaultButton ? ui::BS_DEFPUSHBUTTON : ui::BS_PUSHBUTTON;
     make("Button", b.text, kind | ui::WS_TABSTOP, b.id);
@@ -115,7 +132,7 @@ void CExtMsgBox::Layout() {
   auto py = [&](int du) { return ui::DialogUnitsToPixelsY(du, base.cy); };
   const Metrics& m = m_metrics;
   const ui::HFONT font = reinterpret_cast<ui::HFONT>(ui::SendMessage(m_hWnd, ui::WM_GETFONT, 0, 0));
-  const bool has_icon = (m_nStyle & kMbIconMask) != 0;
+  const bool has_icon = HasIcon();
   const int icon_w = has_icon ? kIconSide + px(m.gap) : 0;
 
   // The text may take half the screen plus 100 pixels, less the icon and the borders.
@@ -129,6 +146,13 @@ void CExtMsgBox::Layout() {
     text_h += rows * s.cy;
   }
   text_h = std::max(text_h, has_icon ? kIconSide : 0);
+  if (TextScrolls()) {
+    // The edit's scroll bar takes its own width; the height stays between the minimum text
+    // height and half the work area, and the rest scrolls.
+    text_w += theme::g_PaintManager().GetPM()->UiScale(kScrollBarWidth, 0);
+    const int most = std::max(py(m.min_text_height), ui::PrimaryMonitor().work.Height() / 2);
+    text_h = std::clamp(text_h, py(m.min_text_height), most);
+  }
 
   int button_w = px(m.min_button_width);
   for (const MsgBoxButton& b : m_buttons.buttons)
@@ -191,11 +215,27 @@ void CExtMsgBox::PaintBody(ui::Dc* dc) {
   if (!ui::GetClientRect(m_hWnd, &client)) return;
   const ui::Rect icon = m_rcIcon;
   const int icon_bits = static_cast<int>(m_nStyle & kMbIconMask);
+  // An icon of the box's own stands in for the system's icon of the icon bits.
+  const int theme_icon = m_hIcon ? 0 : icon_bits;
   PaintThemed(dc, client, [&](platform::DrawTarget& t, const platform::DrawRect& r) {
     auto* pm = theme::g_PaintManager().GetPM();
     pm->PaintDialogBackground(t, r);
-    pm->PaintMessageBox(t, r, icon, icon_bits);
+    pm->PaintMessageBox(t, r, icon, theme_icon);
   });
+  if (m_hIcon && dc) ui::controls::DrawIcon(*dc, m_hIcon, icon, false);
+}
+
+void CExtMsgBox::ReleaseIcon() {
+  if (m_hIcon) ui::controls::DestroyIcon(m_hIcon);
+  m_hIcon = nullptr;
+}
+
+void CExtMsgBox::CopyText() { ui::controls::CurrentClipboard().SetText(m_strText); }
+
+void CExtMsgBox::OnHelp() {
+  if (HelpHandler()) return HelpHandler()(m_hWnd, m_nHelpId);
+  const HWND owner = ui::GetParent(m_hWnd);
+  if (owner) ui::SendMessage(owner, kMsgBoxHelpMessage, static_cast<WPARAM>(m_nHelpId), 0);
 }
 
 void CExtMsgBox::SetButtonsEnabled(bool on) {
@@ -231,16 +271,42 @@ void CExtMsgBox::EndWith(int id) {
     WriteDialogProfileString(kMbProfileSection, m_strUniqueId, std::to_string(id));
   if (m_nTimerHandle) ui::KillTimer(m_hWnd, kMsgBoxTimerId);
   m_nTimerHandle = 0;
+  ReleaseIcon();
   ui::EndDialog(m_hWnd, id);
+}
+
+bool CExtMsgBox::PreTranslateMessage(ui::MSG& msg) {
+  const bool ours = ui::IsWindow(m_hWnd) && (msg.hwnd == m_hWnd || ui::IsChild(m_hWnd, msg.hwnd));
+  const bool key = msg.message == ui::WM_KEYDOWN || msg.message == ui::WM_KEYUP ||
+                   msg.message == ui::WM_CHAR || msg.message == ui::WM_SYSKEYDOWN ||
+                   msg.message == ui::WM_SYSCHAR;
+  if (ours && key && m_bWaiting) return true;  // the disabled wait loses every key
+  if (SystemMenuOf(m_hWnd)) return CExtResizableDialog::PreTranslateMessage(msg);  // its keys
+  if (ours && msg.message == ui::WM_KEYDOWN && OnKey(static_cast<unsigned>(msg.wParam))) return true;
+  return CExtResizableDialog::PreTranslateMessage(msg);
 }
 
 bool CExtMsgBox::OnKey(unsigned vk) {
   if (m_bWaiting) return true;
   const bool ctrl = ui::GetKeyState(ui::VK_CONTROL) < 0;
+  if (ctrl && (vk == 'C' || vk == ui::VK_INSERT)) {
+    if (m_nExtendedStyle & kMbExNoKeyboardCopy) return false;
+    CopyText();
+    return true;
+  }
+  if (vk == ui::VK_F1 && !ctrl) {
+    if (!(m_nExtendedStyle & kMbExHelpByF1)) return false;
+    OnHelp();
+    return true;
+  }
   if (vk == ui::VK_RETURN) {
     const HWND focus = ui::GetFocus();
     const int id = ui::GetDlgCtrlID(focus);
-    if (ui::GetParent(focus) == m_hWnd && IsOwnButton(id)) m_nDefaultButton = id;
+    const bool own = ui::GetParent(focus) == m_hWnd && IsOwnButton(id);
+    // Copy and Help act and leave the box up, by Enter as by a click.
+    if (own && id == kMbCopyButtonId) return CopyText(), true;
+    if (own && id == kMbHelpButtonId) return OnHelp(), true;
+    if (own) m_nDefaultButton = id;
     EndWith(m_nDefaultButton);
     return true;
   }
@@ -261,7 +327,11 @@ intptr_t CExtMsgBox::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handle
     const int id = static_cast<int>(wp & 0xFFFF);
     handled = true;
     if (m_bWaiting) return 0;
-    if (IsOwnButton(id) && id != kMbHelpButtonId && id != kMbCopyButtonId) {
+    if (id == kMbCopyButtonId && IsOwnButton(id)) {
+      CopyText();
+    } else if (id == kMbHelpButtonId && IsOwnButton(id)) {
+      OnHelp();
+    } else if (IsOwnButton(id)) {
       // Enter reaches here as the default button's command: the focused button wins.
       EndWith(id);
     } else if (id == ui::IDCANCEL && !IsOwnButton(ui::IDCANCEL)) {
@@ -294,11 +364,12 @@ intptr_t CExtMsgBox::WindowProc(unsigned msg, WPARAM wp, LPARAM lp, bool& handle
 
 int ExtMsgBox(ui::HWND parent, const char* text, const char* caption, uint32_t style,
               int help_id, const char* unique_name, uint32_t ex_style, int timer_seconds,
-              bool disable_while_timer) {
+              bool disable_while_timer, ui::controls::HICON icon) {
   ui::ReleaseCapture();
   CExtMsgBox box(parent, text ? text : "", caption ? caption : ApplicationName(), style, help_id,
                  unique_name ? unique_name : "", ex_style);
   if (timer_seconds > 0) box.SetTimer(timer_seconds, disable_while_timer);
+  box.SetIcon(icon);
   return static_cast<int>(box.DoModal());
 }
 

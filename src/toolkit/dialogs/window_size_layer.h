@@ -1,5 +1,5 @@
 // window_size_layer.h: CExtADLG and CExtWS: the gripper, the painted background and the window
-// placement memory, over any dialog class below them.
+// placement memory and the themed system menu, over any dialog class below them.
 #pragma once
 
 #include <cstdio>
@@ -8,6 +8,7 @@
 #include "platform/ui/window.h"
 #include "toolkit/dialogs/dialog_profile.h"
 #include "toolkit/dialogs/size_gripper.h"
+#include "toolkit/dialogs/system_menu.h"
 #include "toolkit/dialogs/themed_paint.h"
 
 namespace qmk::toolkit {
@@ -84,6 +85,37 @@ class CExtWS : public Base {
     m_nFlags &= ~kWsSaveRestore;
   }
 
+  // Opens the themed system menu at `at` (screen coordinates), or at the default place below
+  // the caption: for windows with the popup style only. While it is up, bit 4 is set and a
+  // timer of 20 ms watches for its end.
+  virtual bool TrackSystemMenu(const platform::ui::Point* at = nullptr, bool by_keyboard = false) {
+    namespace ui = platform::ui;
+    (void)by_keyboard;  // the popup always starts on its first item
+    const ui::HWND h = this->m_hWnd;
+    if (!ui::IsWindow(h) || !(ui::GetWindowLongPtr(h, ui::GWL_STYLE) & ui::WS_POPUP)) return false;
+    const ui::HWND focus = ui::GetFocus();
+    if (focus != h && !ui::IsChild(h, focus)) ui::SetFocus(h);
+    const bool rtl = (m_nFlags & kWsRightToLeft) != 0;
+    ui::Point place{};
+    if (at) {
+      place = *at;
+    } else {
+      // Below the caption, inside the frame: the client area's top corner on the reading side.
+      ui::Rect client;
+      ui::GetClientRect(h, &client);
+      place = {rtl ? client.right : 0, 0};
+      ui::ClientToScreen(h, &place);
+    }
+    if (!OpenSystemMenu(h, place, DialogSystemMenuItems(SystemMenuCloseEnabled()), rtl))
+      return false;
+    m_nFlags |= kWsSysMenuTracking;
+    ui::SetTimer(h, kTimerId, 20, nullptr);
+    return true;
+  }
+
+  // Whether the system menu offers Close.
+  virtual bool SystemMenuCloseEnabled() const { return true; }
+
   virtual void CreateGripper() {
     namespace ui = platform::ui;
     const bool existed = m_wndGripper.Exists();
@@ -110,6 +142,15 @@ class CExtWS : public Base {
       PaintBackground(reinterpret_cast<ui::Dc*>(wp));
       return 1;
     }
+    if (msg == ui::WM_TIMER && wp == kTimerId) {
+      handled = true;
+      if (!SystemMenuOf(this->m_hWnd)) {
+        m_nFlags &= ~kWsSysMenuTracking;
+        ui::KillTimer(this->m_hWnd, kTimerId);
+      }
+      return 0;
+    }
+    if (msg == ui::WM_DESTROY && SystemMenuOf(this->m_hWnd)) CloseSystemMenu();
     if (msg == ui::WM_DESTROY && (m_nFlags & kWsSaveRestore)) SaveWindowRect();
     return Base::WindowProc(msg, wp, lp, handled);
   }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "platform/archive.h"
@@ -33,6 +34,8 @@ struct CellClass {
 
 // The class of `name`, or null for a name no cell class has.
 const CellClass* FindCellClass(const std::string& name);
+// Every cell class an archive may name, in a fixed order.
+std::span<const CellClass* const> CellClasses();
 
 // Frees a cell the way a provider does: reset, destroy, give the memory back. A null `alloc`
 // means the cell came from the heap.

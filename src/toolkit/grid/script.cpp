@@ -1,15 +1,28 @@
 // script.cpp: RunGridScript. One command per line; '#' starts a comment.
 //   size COLUMNS ROWS              reserved COLUMNS ROWS
 //   cell C R TYPE [TEXT]           join C R COLUMNS ROWS
+//   (TYPE is a value type such as i4 or text, or a cell kind such as duration or ipaddress)
 //   order columns|rows [N+|N- ...] insert|remove columns|rows POSITION COUNT
 //   move columns|rows FROM TO      sort columns|rows
 #include "toolkit/grid/script.h"
 
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <vector>
 
+#include "toolkit/grid/cell_combo_lists.h"
+#include "toolkit/grid/cell_duration.h"
+#include "toolkit/grid/cell_font.h"
+#include "toolkit/grid/cell_header_filter.h"
+#include "toolkit/grid/cell_hotkey.h"
+#include "toolkit/grid/cell_ip_address.h"
+#include "toolkit/grid/cell_ll.h"
+#include "toolkit/grid/cell_number_forms.h"
+#include "toolkit/grid/cell_object_size.h"
+#include "toolkit/grid/cell_path.h"
+#include "toolkit/grid/cell_updown.h"
 #include "toolkit/grid/cell_variant.h"
 #include "toolkit/grid/provider_mixins.h"
 #include "toolkit/grid/provider_sparse.h"
@@ -32,6 +45,37 @@ constexpr TypeName kTypes[] = {
     {"int", VT_INT},     {"uint", VT_UINT}, {"r4", VT_R4},     {"r8", VT_R8},     {"cy", VT_CY},
     {"date", VT_DATE},   {"bool", VT_BOOL}, {"text", VT_BSTR}, {"error", VT_ERROR}, {"decimal", VT_DECIMAL},
 };
+
+// Cells of a kind of their own, made from their text.
+struct CellKind {
+  const char* name;
+  const CellClass* cellClass;
+};
+const CellKind kCellKinds[] = {
+    {"file", &CExtGridCellFile::kClass},
+    {"fileimage", &CExtGridCellFileImage::kClass},
+    {"folder", &CExtGridCellFolder::kClass},
+    {"fontface", &CExtGridCellFontFaceName::kClass},
+    {"fraction", &CExtGridCellFraction::kClass},
+    {"scientific", &CExtGridCellScientific::kClass},
+    {"size", &CExtGridCellObjectSize::kClass},
+    {"updown", &CExtGridCellUpDown::kClass},
+    {"fontweight", &CExtGridCellUpDownFontWeight::kClass},
+    {"rectpart", &CExtGridCellUpDownRectPart::kClass},
+    {"colorpart", &CExtGridCellUpDownColorPart::kClass},
+    {"duration", &CExtGridCellDuration::kClass},
+    {"latlong", &CExtGridCellLL::kClass},
+    {"font", &CExtGridCellFont::kClass},
+    {"hotkey", &CExtGridCellHotKey::kClass},
+    {"ipaddress", &CExtGridCellIPAddress::kClass},
+    {"headerfilter", &CExtGridCellHeaderFilter::kClass},
+};
+
+const char* KindOf(const CellClass* cellClass) {
+  for (const CellKind& k : kCellKinds)
+    if (k.cellClass == cellClass) return k.name;
+  return nullptr;
+}
 
 const char* NameOf(VarType type) {
   for (const TypeName& t : kTypes)
@@ -70,6 +114,7 @@ class Runner {
     return true;
   }
   bool Cell(const std::vector<std::string>& w, const std::string& line, std::string& error);
+  bool KindCell(int column, int row, const CellKind& kind, const std::string& text, std::string& error);
   bool Order(const std::vector<std::string>& w, std::string& error);
 
   Grid grid_;
@@ -124,13 +169,6 @@ bool Runner::Cell(const std::vector<std::string>& w, const std::string& line, st
     error = "cell: wants C R TYPE [TEXT]";
     return false;
   }
-  const TypeName* type = nullptr;
-  for (const TypeName& t : kTypes)
-    if (w[3] == t.name) type = &t;
-  if (!type) {
-    error = "cell: unknown type \"" + w[3] + "\"";
-    return false;
-  }
   // The text is the rest of the line after the type, as written, without the blanks around it.
   std::istringstream rest(line);
   std::string skip, text;
@@ -138,6 +176,15 @@ bool Runner::Cell(const std::vector<std::string>& w, const std::string& line, st
   std::getline(rest, text);
   const size_t first = text.find_first_not_of(" \t");
   text = first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+  const TypeName* type = nullptr;
+  for (const TypeName& t : kTypes)
+    if (w[3] == t.name) type = &t;
+  for (const CellKind& k : kCellKinds)
+    if (w[3] == k.name) return KindCell(column, row, k, text, error);
+  if (!type) {
+    error = "cell: unknown type \"" + w[3] + "\"";
+    return false;
+  }
   auto* cell = dynamic_cast<CExtGridCellVariant*>(grid_.CellGet(column, row, &CExtGridCellVariant::kClass));
   if (!cell) {
     error = "cell: outside the grid, or not a value cell";
@@ -150,6 +197,21 @@ bool Runner::Cell(const std::vector<std::string>& w, const std::string& line, st
   cell->VariantSet(type->type == VT_NULL ? Variant::Null() : Variant::Str(text));
   if (type->type != VT_BSTR && type->type != VT_NULL && !cell->ChangeType(type->type)) {
     error = "cell: \"" + text + "\" is no " + type->name;
+    return false;
+  }
+  return true;
+}
+
+bool Runner::KindCell(int column, int row, const CellKind& kind, const std::string& text, std::string& error) {
+  std::unique_ptr<CExtGridCell> cell(kind.cellClass->CreateObject(nullptr));
+  if (!cell || cell->OnParseText(text.c_str()) != S_OK) {
+    error = "cell: \"" + text + "\" is no " + kind.name;
+    return false;
+  }
+  cell->TextSet(text.c_str());
+  // The position gets a cell first, so that the range set has one to replace.
+  if (!grid_.CellGet(column, row, kind.cellClass) || !grid_.CellRangeSet(column, row, 1, 1, cell.get(), true)) {
+    error = "cell: outside the grid";
     return false;
   }
   return true;
@@ -192,7 +254,12 @@ std::string Runner::Print() {
   }
   for (auto& [pos, cell] : cells) {
     out << "cell " << pos.second << " " << pos.first;
-    if (auto* v = dynamic_cast<CExtGridCellVariant*>(cell)) {
+    if (const char* kind = KindOf(cell->GetRuntimeClass())) {
+      std::string text;
+      cell->TextGet(text);
+      out << " " << kind;
+      if (!text.empty()) out << " \"" << text << "\"";
+    } else if (auto* v = dynamic_cast<CExtGridCellVariant*>(cell)) {
       std::string text;
       v->TextGet(text);
       out << " " << (v->IsEmpty() ? "empty" : NameOf(v->GetVariantPtr()->Type()));

@@ -1,11 +1,11 @@
-// model_table.cpp: the table of models.
-#include "scanner/model_table.h"
+// model_table.cpp: the table of models and the feature word a configuration writes for each.
+#include "frame/model_table.h"
 
 #include <algorithm>
 
 #include "qmk/QmkScan.h"
 
-namespace qmk::scanner {
+namespace qmk::frame {
 namespace {
 
 constexpr int B = kStackerBox;
@@ -51,4 +51,4 @@ uint32_t FeatureWordFor(const ModelRow& row, bool stacker_box_checked) {
          1u << 14 | bit15 << 15 | row.series << 16 | row.submodel << 20 | row.image_read << 22;
 }
 
-}  // namespace qmk::scanner
+}  // namespace qmk::frame
