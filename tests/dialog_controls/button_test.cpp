@@ -4,6 +4,7 @@
 
 #include "dialog_controls/themed_fixture.h"
 #include "platform/ui/controls/control_messages.h"
+#include "toolkit/dialogs/dialog_keyboard.h"
 #include "toolkit/dialogs/ext_button.h"
 #include "toolkit/dialogs/ext_check_box.h"
 #include "toolkit/dialogs/ext_radio_button.h"
@@ -73,6 +74,28 @@ TEST_F(Buttons, ClicksStillReachTheParent) {
   EnableWindow(h, false);
   Send(h, BM_CLICK);
   EXPECT_THAT(Commands(7), ElementsAre(BN_CLICKED, BN_CLICKED));
+}
+
+TEST_F(Buttons, AnswersTheMnemonicItsTextMarks) {
+  struct Case { const char* text; char key; bool mnemonics; bool enabled; LRESULT want; };
+  const Case cases[] = {
+      {"&Scan", 'S', true, true, 1},   {"&scan", 'S', true, true, 1},  // offered upper case
+      {"&Scan", 'C', true, true, 0},   {"Sc&an", 'A', true, true, 1},
+      {"&&Scan", 'S', true, true, 0},  // "&&" is a plain ampersand
+      {"Scan", 'S', true, true, 0},    {"&Scan", 'S', false, true, 0},
+      {"&Scan", 'S', true, false, 0},
+  };
+  int id = 60;
+  for (const Case& c : cases) {
+    HWND h = Make(kButtonClass, c.text, BS_PUSHBUTTON, {10, 10, 90, 34}, ++id);
+    CExtButton b;
+    ASSERT_TRUE(b.SubclassWindow(h));
+    b.m_bMnemonics = c.mnemonics;
+    EnableWindow(h, c.enabled);
+    EXPECT_EQ(Send(h, toolkit::kMsgOfferMnemonic, static_cast<WPARAM>(c.key)), c.want) << c.text << " " << c.key;
+    b.UnsubclassWindow();
+    DestroyWindow(h);
+  }
 }
 
 TEST_F(Buttons, AThemeChangeRepaintsTheButton) {
