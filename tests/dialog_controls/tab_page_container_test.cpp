@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "dialog_controls/themed_fixture.h"
+#include "toolkit/dialogs/builtin_resources.h"
 #include "toolkit/dialogs/ext_tab_page_container.h"
+#include "toolkit/dialogs/resizable_dialog.h"
 #include "toolkit/theme/paint_manager_holder.h"
 #include "toolkit/theme/widget_layout.h"
 
@@ -158,6 +160,20 @@ TEST_F(TabPages, AClickOnATabSelectsItsPageAndFocusesIt) {
   EXPECT_EQ(GetFocus(), GetDlgItem(pages_[1], 200));
 }
 
+TEST_F(TabPages, TheTabUnderTheMouseIsHotUntilTheMouseGoesElsewhere) {
+  AddThree();
+  Point over = TabCentre(2);
+  ClientToScreen(tabs_.GetSafeTabWindow(), &over);
+  InjectMouse(MouseAction::Move, over);
+  Pump();
+  EXPECT_EQ(tabs_.HotTab(), 2);
+  Point away{5, 300};
+  ClientToScreen(host_, &away);
+  InjectMouse(MouseAction::Move, away);
+  Pump();
+  EXPECT_EQ(tabs_.HotTab(), -1);
+}
+
 TEST_F(TabPages, PageKeysCycleAndTabStaysInsideThePage) {
   AddThree();
   SetFocus(GetDlgItem(pages_[0], 101));
@@ -182,6 +198,44 @@ TEST_F(TabPages, KeysOutsideTheContainerAreLeftAlone) {
   SetFocus(outside);
   Key(VK_TAB, kModControl);
   EXPECT_EQ(tabs_.PageSelectionGet(), 0);
+}
+
+TEST_F(TabPages, ANewThemeWithAnotherScaleMovesThePages) {
+  AddThree();
+  const int top = RectIn(pages_[1]).top;
+  auto& holder = toolkit::theme::g_PaintManager();
+  holder.SetDpi(1, 192);
+  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(29757, [](int) {}));
+  const int scaled_top = RectIn(pages_[1]).top;
+  holder.SetDpi(1, 96);
+  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(29750, [](int) {}));
+  EXPECT_GT(scaled_top, top) << "a taller strip pushes every page down";
+  EXPECT_EQ(RectIn(pages_[1]).top, top);
+}
+
+TEST_F(TabPages, ResizableDialogPagesMadeInsideTheContainer) {
+  constexpr int kPage = 9931;
+  static const bool added = toolkit::AddDialogTemplate(toolkit::BuiltinResources(), kPage, "en", R"(dialog 9931
+position 0 0 100 60
+style WS_CHILD
+edit 301 "" 4 4 60 12
+end
+)");
+  ASSERT_TRUE(added);
+  toolkit::CExtResizableDialog first, second;
+  ASSERT_TRUE(first.Create(kPage, tabs_.GetSafeHwnd()));
+  ASSERT_TRUE(second.Create(kPage, tabs_.GetSafeHwnd()));
+  ASSERT_TRUE(tabs_.PageInsert(first.GetSafeHwnd(), "One"));
+  ASSERT_TRUE(tabs_.PageInsert(second.GetSafeHwnd(), "Two"));
+  EXPECT_TRUE(Visible(first.GetSafeHwnd()));
+  EXPECT_FALSE(Visible(second.GetSafeHwnd()));
+  EXPECT_EQ(RectIn(second.GetSafeHwnd()), tabs_.PageRect());
+  ASSERT_TRUE(tabs_.PageSelectionSet(1));
+  EXPECT_TRUE(Visible(second.GetSafeHwnd()));
+  // Removing the page without destroying it leaves the dialog object its window.
+  ASSERT_TRUE(tabs_.PageRemove(1, false));
+  EXPECT_TRUE(IsWindow(second.GetSafeHwnd()));
+  EXPECT_TRUE(Visible(first.GetSafeHwnd()));
 }
 
 }  // namespace

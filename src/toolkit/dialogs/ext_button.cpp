@@ -1,8 +1,12 @@
-// ext_button.cpp: button kinds by style, the state a button is drawn in, and its themed face.
+// ext_button.cpp: the state a button is drawn in, and its themed face.
 #include "toolkit/dialogs/ext_button.h"
 
+#include <cctype>
+
 #include "platform/ui/control_messages.h"
+#include "platform/draw/text.h"
 #include "platform/ui/window.h"
+#include "toolkit/dialogs/dialog_keyboard.h"
 #include "toolkit/theme/draw_primitives.h"
 #include "toolkit/theme/painters.h"
 #include "toolkit/theme/paint_manager.h"
@@ -26,31 +30,6 @@ unsigned ButtonStateOf(unsigned base, uint32_t style, uintptr_t button_state) {
 
 }  // namespace
 
-ButtonStyleKind ButtonKindOf(uint32_t style) {
-  switch (style & 0xF) {
-    case 0: case 1: case 8: case 11:
-      return ButtonStyleKind::kPush;
-    case 2: case 3: case 5: case 6:
-      return ButtonStyleKind::kCheck;
-    case 4: case 9:
-      return ButtonStyleKind::kRadio;
-    case 7:
-      return ButtonStyleKind::kGroup;
-    default:
-      return ButtonStyleKind::kOther;
-  }
-}
-
-bool IsAutomaticKind(uint32_t style) {
-  const uint32_t kind = style & 0xF;
-  return kind == 3 || kind == 6 || kind == 9;
-}
-
-bool IsThreeStateKind(uint32_t style) {
-  const uint32_t kind = style & 0xF;
-  return kind == 5 || kind == 6;
-}
-
 unsigned CExtButton::PaintState() const {
   const auto button_state = static_cast<uintptr_t>(ui::SendMessage(m_hWnd, ui::BM_GETSTATE, 0, 0));
   unsigned state = ButtonStateOf(BaseState(), Style(), button_state);
@@ -59,8 +38,18 @@ unsigned CExtButton::PaintState() const {
   return state;
 }
 
+static bool AnswersMnemonic(ui::HWND hwnd, const std::string& text, ui::WPARAM upper) {
+  if (!ui::IsWindowEnabled(hwnd) || !ui::IsWindowVisible(hwnd)) return false;
+  const platform::MnemonicText m = platform::StripMnemonics(text);
+  if (m.underline_start < 0 || m.underline_start >= static_cast<int>(m.text.size())) return false;
+  const auto ch = static_cast<unsigned char>(m.text[static_cast<size_t>(m.underline_start)]);
+  return static_cast<ui::WPARAM>(std::toupper(ch)) == upper;
+}
+
 ThemedControl::LRESULT CExtButton::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) {
   switch (msg) {
+    case kMsgOfferMnemonic:
+      return m_bMnemonics && AnswersMnemonic(m_hWnd, Text(), wp) ? 1 : 0;
     case ui::BM_SETSTATE:
     case ui::BM_SETCHECK:
     case ui::BM_SETSTYLE:

@@ -9,12 +9,6 @@
 
 namespace qmk::toolkit {
 
-// What the low four bits of a button style make of it.
-enum class ButtonStyleKind { kPush, kCheck, kRadio, kGroup, kOther };
-ButtonStyleKind ButtonKindOf(uint32_t style);
-bool IsAutomaticKind(uint32_t style);
-bool IsThreeStateKind(uint32_t style);
-
 class CExtButton : public ThemedControl {
  public:
   CExtButton() = default;
@@ -33,11 +27,13 @@ class CExtButton : public ThemedControl {
   // The theme's widget state the button is drawn in now.
   unsigned PaintState() const;
 
-  // A hover change is animated over this many steps of this many milliseconds by looks that
-  // fade; the classic and flat looks switch at once.
+  // The hover animation's steps and step time, kept for hosts that read them; every look
+  // switches between its faces at once (no fading is drawn).
   int m_nAnimationSteps = 5;
   int m_nAnimationStepTime = 40;
   bool m_bToolTipActive = true;
+  // The button answers its mnemonic when the dialog offers it (its "&" letter).
+  bool m_bMnemonics = true;
   std::string m_strToolTipText;
   uint32_t m_clrTextNormal = kThemeColor, m_clrTextHover = kThemeColor, m_clrTextPressed = kThemeColor,
            m_clrTextDisabled = kThemeColor, m_clrBackground = kThemeColor;

@@ -13,10 +13,10 @@ namespace ui = platform::ui;
 void CExtEdit::SetTooltipText(const std::string& text, bool activate) {
   m_strToolTipText = text;
   m_bToolTipActive = activate;
-  if (ToolTipOwner() == m_hWnd) {
-    if (HoverTip().empty()) HideToolTip(m_hWnd);
-    else ShowToolTip(m_hWnd, HoverTip());
-  }
+  // Under a resting mouse the tip follows at once.
+  if (!IsHot()) return;
+  if (HoverTip().empty()) HideToolTip(m_hWnd);
+  else ShowToolTip(m_hWnd, HoverTip());
 }
 
 ThemedControl::LRESULT CExtEdit::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) {

@@ -3,9 +3,11 @@
 #include "toolkit/dialogs/ext_label.h"
 
 #include "platform/ui/control_messages.h"
+#include "platform/ui/controls/control_messages.h"
+#include "platform/ui/paint.h"
 #include "platform/ui/window.h"
 #include "toolkit/theme/draw_primitives.h"
-#include "toolkit/theme/painters.h"
+#include "toolkit/theme/system_colors.h"
 #include "toolkit/theme/paint_manager.h"
 #include "toolkit/theme/paint_manager_holder.h"
 
@@ -22,6 +24,41 @@ bool IsTextKind(uint32_t style) {
          kind == kLeftNoWordWrap;
 }
 
+// The label's own font, the window system's control font when it was given none: dialogs are
+// laid out, and message boxes measure their text, in it.
+ui::HFONT WindowFont(ui::HWND hwnd) {
+  const auto font = reinterpret_cast<ui::HFONT>(ui::SendMessage(hwnd, ui::WM_GETFONT, 0, 0));
+  return font ? font : ui::GetStockGuiFont();
+}
+
+platform::FontSpec FontOf(ui::HFONT font, const platform::FontSpec& fallback) {
+  ui::LOGFONT lf;
+  if (!font || !ui::GetObject(font, &lf) || lf.height <= 0) return fallback;
+  platform::FontSpec spec;
+  spec.face = lf.face;
+  spec.pixels = lf.height;
+  spec.bold = lf.weight >= 700;
+  return spec;
+}
+
+// One line in the theme's label colours; disabled text is embossed in the classic look.
+void DrawLine(theme::CExtPaintManager& pm, platform::DrawTarget& target, const platform::DrawRect& row,
+              const std::string& line, const platform::FontSpec& font, bool enabled, uint32_t custom) {
+  platform::TextOptions options;
+  options.mnemonics = true;
+  options.center_vertically = false;
+  const theme::WidgetLook* look = pm.GetWidgetLook();
+  uint32_t colour = custom;
+  if (colour == kThemeColor && look) colour = pm.GetColor(enabled ? look->label_text : look->disabled_label);
+  if (colour == kThemeColor && enabled) colour = pm.GetColor(theme::COLOR_WINDOWTEXT);
+  if (colour == kThemeColor) {
+    platform::DrawText(target, {row.left + 1, row.top + 1, row.right + 1, row.bottom + 1}, line, font,
+                       pm.GetColor(theme::COLOR_BTNHIGHLIGHT), options);
+    colour = pm.GetColor(theme::COLOR_BTNSHADOW);
+  }
+  platform::DrawText(target, row, line, font, colour, options);
+}
+
 std::string EscapeMnemonics(const std::string& text) {
   std::string out;
   for (char c : text) {
@@ -33,8 +70,7 @@ std::string EscapeMnemonics(const std::string& text) {
 
 }  // namespace
 
-std::vector<std::string> WrapLabelText(const std::string& text, const platform::FontSpec& font, int width,
-                                       bool wrap) {
+std::vector<std::string> WrapLabelText(const std::string& text, const TextWidth& measure, int width, bool wrap) {
   std::vector<std::string> lines;
   size_t start = 0;
   while (start <= text.size()) {
@@ -42,11 +78,11 @@ std::vector<std::string> WrapLabelText(const std::string& text, const platform::
     if (end == std::string::npos) end = text.size();
     std::string para = text.substr(start, end - start);
     if (!para.empty() && para.back() == '\r') para.pop_back();
-    while (wrap && platform::MeasureText(para, font, true).width > width) {
+    while (wrap && measure(para) > width) {
       // The longest head that fits and ends before a space.
       size_t cut = std::string::npos;
       for (size_t sp = para.find(' '); sp != std::string::npos; sp = para.find(' ', sp + 1)) {
-        if (platform::MeasureText(para.substr(0, sp), font, true).width > width) break;
+        if (measure(para.substr(0, sp)) > width) break;
         cut = sp;
       }
       if (cut == std::string::npos) cut = para.find(' ');
@@ -97,32 +133,57 @@ void CExtLabel::SetBkColor(uint32_t rgb) {
   Invalidate();
 }
 
-bool CExtLabel::PaintsClient() const { return IsTextKind(Style()); }
+void CExtLabel::SetBitmap(const bitmap::CExtBitmap& picture) {
+  m_bitmap = picture;
+  Invalidate();
+}
+
+bool CExtLabel::PaintsClient() const { return IsTextKind(Style()) || !m_bitmap.IsEmpty(); }
 
 void CExtLabel::PaintControl(platform::DrawTarget& target, const platform::DrawRect& rc) {
-  auto& pm = *theme::g_PaintManager().GetPM();
   if (m_clrBackground != kThemeColor) theme::draw::Fill(target, rc, m_clrBackground);
   else PaintParentBackground(target, rc);
-  const uint32_t style = Style();
-  const bool enabled = ui::IsWindowEnabled(m_hWnd);
   const platform::DrawRect box{rc.left + m_nMarginLeft, rc.top + m_nMarginTop, rc.right - m_nMarginRight,
                                rc.bottom - m_nMarginBottom};
+  if (m_bitmap.IsEmpty()) PaintText(target, box);
+  else PaintBitmap(target, box);
+}
+
+void CExtLabel::PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box) {
+  int x = box.left, y = box.top;
+  if (Style() & ui::controls::SS_CENTERIMAGE) {
+    x = box.left + (box.Width() - m_bitmap.Width()) / 2;
+    y = box.top + (box.Height() - m_bitmap.Height()) / 2;
+  }
+  // Pictures with an alpha channel blend over the background.
+  m_bitmap.AlphaBlend(target, {x, y, x + m_bitmap.Width(), y + m_bitmap.Height()});
+}
+
+void CExtLabel::PaintText(platform::DrawTarget& target, const platform::DrawRect& box) {
+  auto& pm = *theme::g_PaintManager().GetPM();
+  const uint32_t style = Style();
+  const bool enabled = ui::IsWindowEnabled(m_hWnd);
   std::string text = Text();
   if (style & ui::SS_NOPREFIX) text = EscapeMnemonics(text);
   const uint32_t kind = style & ui::SS_TYPEMASK;
   const bool wrap = kind == ui::SS_LEFT || kind == ui::SS_CENTER || kind == ui::SS_RIGHT;
-  const int line_height = platform::MeasureText("Ag", pm.Font()).height;
+  const ui::HFONT hfont = WindowFont(m_hWnd);
+  const platform::FontSpec font = FontOf(hfont, pm.Font());
+  const int line_height = platform::MeasureText("Ag", font).height;
+  // Lines break where the dialog's own measure says, so that a text laid out by it fits.
+  const TextWidth measure = [&](const std::string& line) {
+    const std::string shown = platform::StripMnemonics(line).text;
+    return hfont ? ui::GetTextExtent(hfont, shown).cx : platform::MeasureText(shown, font).width;
+  };
   const uint32_t custom = enabled ? m_clrTextNormal : m_clrTextDisabled;
   int y = box.top;
-  for (const std::string& line : WrapLabelText(text, pm.Font(), box.Width(), wrap)) {
+  for (const std::string& line : WrapLabelText(text, measure, box.Width(), wrap)) {
     if (y >= box.bottom) break;
-    const int width = platform::MeasureText(line, pm.Font(), true).width + 1;
+    const int width = measure(line) + 1;
     int left = box.left;
     if (kind == ui::SS_CENTER) left = box.left + (box.Width() - width) / 2;
     if (kind == ui::SS_RIGHT) left = box.right - width;
-    const platform::DrawRect row{left, y, left + width, y + line_height};
-    if (custom != kThemeColor) theme::PaintText(pm, target, row, line, custom);
-    else pm.PaintLabel(target, row, line, enabled ? theme::kStateNormal : theme::kStateDisabled);
+    DrawLine(pm, target, {left, y, left + width, y + line_height}, line, font, enabled, custom);
     y += line_height;
   }
 }

@@ -2,10 +2,12 @@
 // margins, colour overrides and a tooltip.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/draw/text.h"
+#include "toolkit/bitmap/bitmap.h"
 #include "toolkit/dialogs/themed_control.h"
 #include "toolkit/dialogs/tool_tip.h"
 
@@ -27,12 +29,17 @@ class CExtLabel : public ThemedControl {
   // kThemeColor gives the slot back to the theme.
   void SetTextColor(bool enabled, uint32_t rgb);
   void SetBkColor(uint32_t rgb);
+  // A picture shown instead of the text, at the top left inside the margins (centred with
+  // SS_CENTERIMAGE); an empty picture gives the text back.
+  void SetBitmap(const bitmap::CExtBitmap& picture);
+  const bitmap::CExtBitmap& GetBitmap() const { return m_bitmap; }
 
   std::string m_strToolTipText;
   bool m_bToolTipActive = true;
   int m_nMarginLeft = 0, m_nMarginTop = 0, m_nMarginRight = 0, m_nMarginBottom = 0;
   unsigned m_nToolTipAlign = kTipAlignDefault;
   uint32_t m_clrTextNormal = kThemeColor, m_clrTextDisabled = kThemeColor, m_clrBackground = kThemeColor;
+  bitmap::CExtBitmap m_bitmap;
 
  protected:
   void OnSubclassed() override;
@@ -43,11 +50,15 @@ class CExtLabel : public ThemedControl {
 
  private:
   void SyncNotifyStyle();
+  void PaintText(platform::DrawTarget& target, const platform::DrawRect& box);
+  void PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box);
 };
+
+// The width of a line of text in pixels.
+using TextWidth = std::function<int(const std::string& line)>;
 
 // Breaks `text` into the lines a label of `width` pixels shows: at line breaks, and after the
 // last space that fits (a word longer than the line stands alone on its line).
-std::vector<std::string> WrapLabelText(const std::string& text, const platform::FontSpec& font, int width,
-                                       bool wrap);
+std::vector<std::string> WrapLabelText(const std::string& text, const TextWidth& measure, int width, bool wrap);
 
 }  // namespace qmk::toolkit

@@ -97,6 +97,11 @@ theme::WindowHandle CExtTabPageContainerWnd::PmBridge_GetSafeHwnd() const {
   return reinterpret_cast<theme::WindowHandle>(m_hWnd);
 }
 
+void CExtTabPageContainerWnd::PmBridge_OnPaintManagerChanged(theme::CExtPaintManagerAutoPtr* sender) {
+  RecalcLayout();
+  CExtPmBridge::PmBridge_OnPaintManagerChanged(sender);
+}
+
 bool CExtTabPageContainerWnd::EnsureStrip() {
   if (ui::IsWindow(m_hWndTabs)) return true;
   const Rect client = ClientOf(m_hWnd);
@@ -382,6 +387,11 @@ intptr_t CExtTabPageContainerWnd::HandleStripMessage(unsigned msg, uintptr_t wp,
 }
 
 bool CExtTabPageContainerWnd::FilterKey(ui::MSG& msg) {
+  // The window system tells no window that the mouse left it: a move elsewhere cools the tab.
+  if (msg.message == ui::WM_MOUSEMOVE && msg.hwnd != m_hWndTabs && m_nHotTab >= 0) {
+    m_nHotTab = -1;
+    ui::InvalidateRect(m_hWndTabs, nullptr, false);
+  }
   if (msg.message != ui::WM_KEYDOWN || !ui::IsWindow(m_hWnd)) return false;
   if (msg.hwnd != m_hWnd && !ui::IsChild(m_hWnd, msg.hwnd)) return false;
   const int count = PageGetCount();

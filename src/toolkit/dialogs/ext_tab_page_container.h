@@ -49,6 +49,8 @@ class CExtTabPageContainerWnd : public theme::CExtPmBridge {
   bool PageHasIcon(int index) const;
   bool PageTextSet(int index, const std::string& title);
   int PageSelectionGet() const { return m_nSelected; }
+  // The tab under the mouse, or -1.
+  int HotTab() const { return m_nHotTab; }
   // Shows page `index` and hides the rest. The parent hears TCN_SELCHANGING (and may refuse by
   // answering non-zero) and TCN_SELCHANGE. False for a bad index or a refusal.
   bool PageSelectionSet(int index);
@@ -61,6 +63,8 @@ class CExtTabPageContainerWnd : public theme::CExtPmBridge {
   bool ModifyStyle(uint32_t remove, uint32_t add);
 
   theme::WindowHandle PmBridge_GetSafeHwnd() const override;
+  // A new theme may have another strip height: the pages move before the repaint.
+  void PmBridge_OnPaintManagerChanged(theme::CExtPaintManagerAutoPtr* sender) override;
 
   // Used by the container's window procedures.
   static CExtTabPageContainerWnd* FromHandle(HWND hwnd);
@@ -83,7 +87,8 @@ class CExtTabPageContainerWnd : public theme::CExtPmBridge {
   bool Notify(unsigned code);
   // A change asked for by the person: the same notices, then the focus moves into the page.
   void SelectByUser(int index);
-  // Ctrl+Tab, Ctrl+PgDn and the other page keys, and Tab kept inside the page.
+  // Ctrl+Tab, Ctrl+PgDn and the other page keys, and Tab kept inside the page; the hot tab
+  // cools when the mouse moves over another window.
   bool FilterKey(platform::ui::MSG& msg);
   void Paint(platform::ui::HWND target, platform::ui::Dc* dc);
 

@@ -93,6 +93,8 @@ bool CExtResizableDialog::TranslateTab(const ui::MSG& msg) {
                        msg.wParam == ui::VK_TAB;
   const bool tab_char = msg.message == ui::WM_CHAR && msg.wParam == '\t';
   if (!tab_key && !tab_char) return false;
+  // Ctrl+Tab belongs to a tab page container (it changes pages), not to focus traversal.
+  if (ui::GetKeyState(ui::VK_CONTROL) < 0) return false;
   const HWND focus = ui::GetFocus();
   if (focus && ui::IsChild(m_hWnd, focus) && (DlgCode(focus) & ui::DLGC_WANTTAB)) return false;
   if (msg.message != ui::WM_KEYDOWN) return true;  // the key-up and its character are eaten

@@ -111,8 +111,10 @@ bool ShowToolTip(ui::HWND owner, const std::string& text, unsigned align) {
 
 void HideToolTip(ui::HWND owner) {
   if (!ui::IsWindow(Tip().window) || (owner && owner != Tip().owner)) return;
-  ui::ShowWindow(Tip().window, ui::SW_HIDE);
-  Tip().owner = nullptr;
+  // The tip goes away whole: a hidden top-level window left behind would outlive the dialogs
+  // (and keep a new back end from being installed).
+  ui::DestroyWindow(Tip().window);
+  Tip() = TipState{};
 }
 
 ui::HWND ToolTipWindow() { return ui::IsWindow(Tip().window) ? Tip().window : nullptr; }

@@ -14,7 +14,7 @@ constexpr unsigned kTipAlignDefault = 4;
 
 // Shows `text` for `owner`, just below the owner's window; an empty text hides the tip.
 bool ShowToolTip(platform::ui::HWND owner, const std::string& text, unsigned align = kTipAlignDefault);
-// Hides the tip when it shows for `owner` (any owner when null).
+// Takes the tip away when it shows for `owner` (any owner when null); its window is destroyed.
 void HideToolTip(platform::ui::HWND owner = nullptr);
 
 // What shows now, for tests and for controls that change their text while hovered.

@@ -1,0 +1,89 @@
+// sample_picture_test.cpp: the sample dialog with its controls themed, one picture per theme
+// family, compared with reference pictures within a tolerance.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "dialog_controls/themed_fixture.h"
+#include "platform/ui/controls/control_messages.h"
+#include "toolkit/dialogs/resizable_dialog.h"
+#include "toolkit/dialogs/subclass_controls.h"
+#include "ui_controls/picture_compare.h"
+
+namespace qmk::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::ui::controls::testing::ComparePicture;
+using platform::ui::controls::testing::PictureDiff;
+
+constexpr int kChannelTolerance = 48;
+constexpr int kMaxDifferentPixels = 800;
+
+fs::path ReferenceFolder() {
+  const char* root = std::getenv("QMK_TEST_SOURCE_DIR");
+  return fs::path(root ? root : "../..") / "tests" / "dialog_controls" / "reference";
+}
+
+// The sample dialog with every control themed and a few values in them.
+class ThemedSample : public toolkit::CExtResizableDialog {
+ public:
+  ThemedSample() : CExtResizableDialog(9000) {}
+  int themed = 0;
+
+ protected:
+  bool OnInitDialog() override {
+    themed = toolkit::SubclassChildControls(m_hWnd);
+    SetDlgItemText(m_hWnd, 1001, "Ada Lovelace");
+    for (const char* colour : {"Red", "Green", "Blue"})
+      SendDlgItemMessage(m_hWnd, 1002, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(colour));
+    SendDlgItemMessage(m_hWnd, 1002, CB_SETCURSEL, 1, 0);
+    CheckRadioButton(m_hWnd, 1005, 1007, 1006);
+    CheckDlgButton(m_hWnd, 1008, BST_CHECKED);
+    CheckDlgButton(m_hWnd, 1009, BST_INDETERMINATE);
+    SendDlgItemMessage(m_hWnd, 1015, PBM_SETRANGE32, 0, 100);
+    SendDlgItemMessage(m_hWnd, 1015, PBM_SETPOS, 60, 0);
+    return CExtResizableDialog::OnInitDialog();
+  }
+};
+
+struct Family {
+  const char* name;
+  int theme_id;
+};
+const Family kFamilies[] = {
+    {"office2000", 29750}, {"officexp", 29751},   {"office2003", 29752}, {"office2003-plain", 29753},
+    {"studio2005", 29754}, {"native", 29756},     {"office2007", 29757}, {"office2010", 29764},
+    {"office2007-obsidian", 29759},
+};
+
+class SamplePictures : public ThemedTest, public ::testing::WithParamInterface<Family> {};
+
+TEST_P(SamplePictures, SampleDialogInTheTheme) {
+  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+  ThemedSample dlg;
+  ASSERT_TRUE(dlg.Create(9000, nullptr));
+  // Labels, edits, combos, the spin, the group, radios, checks, progress and the two buttons.
+  EXPECT_EQ(dlg.themed, 20);
+  ShowWindow(dlg.GetSafeHwnd(), SW_SHOW);
+  auto picture = RenderWindow(dlg.GetSafeHwnd());
+  ASSERT_NE(picture, nullptr);
+  const fs::path reference = ReferenceFolder() / (std::string("sample-") + GetParam().name + ".png");
+  if (std::getenv("QMK_UPDATE_REFERENCES")) picture->WritePng(reference.string());
+  const PictureDiff d =
+      ComparePicture(*picture, reference, kChannelTolerance, fs::temp_directory_path() / "qmk-dialog-controls");
+  const int allowed = std::min(kMaxDifferentPixels, picture->width() * picture->height() / 100);
+  EXPECT_TRUE(d.loaded && d.same_size && d.differing <= allowed) << GetParam().name << ": " << d.message;
+  dlg.DestroyWindow();
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, SamplePictures, ::testing::ValuesIn(kFamilies),
+                         [](const ::testing::TestParamInfo<Family>& p) {
+                           std::string n = p.param.name;
+                           std::replace(n.begin(), n.end(), '-', '_');
+                           return n;
+                         });
+
+}  // namespace
+}  // namespace qmk::testing
