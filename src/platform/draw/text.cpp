@@ -36,6 +36,7 @@ LayoutPtr MakeLayout(cairo_t* cr, const MnemonicText& plain, const FontSpec& fon
   pango_font_description_set_family(desc, font.face.c_str());
   pango_font_description_set_absolute_size(desc, std::max(1.0, font.pixels) * PANGO_SCALE);
   pango_font_description_set_weight(desc, font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+  pango_font_description_set_style(desc, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
   pango_layout_set_font_description(layout.get(), desc);
   pango_font_description_free(desc);
   pango_layout_set_single_paragraph_mode(layout.get(), TRUE);

@@ -14,6 +14,7 @@ struct FontSpec {
   std::string face = "DejaVu Sans";
   double pixels = 12;  // 9 points at 96 dots per inch
   bool bold = false;
+  bool italic = false;
   bool operator==(const FontSpec&) const = default;
 };
 

@@ -10,6 +10,7 @@ platform::FontSpec FontSpecOf(const CExtRichFontDescription& font) {
   spec.face = font.lfFaceName[0] ? font.lfFaceName : "DejaVu Sans";
   spec.pixels = std::max(1, std::abs(font.lfHeight));
   spec.bold = font.lfWeight >= 600;
+  spec.italic = font.lfItalic != 0;
   return spec;
 }
 
