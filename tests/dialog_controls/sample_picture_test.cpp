@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "support/theme_families.h"
 #include "dialog_controls/themed_fixture.h"
 #include "platform/ui/controls/control_messages.h"
 #include "toolkit/dialogs/resizable_dialog.h"
@@ -48,20 +49,17 @@ class ThemedSample : public toolkit::CExtResizableDialog {
   }
 };
 
-struct Family {
-  const char* name;
-  int theme_id;
-};
-const Family kFamilies[] = {
-    {"office2000", 29750}, {"officexp", 29751},   {"office2003", 29752}, {"office2003-plain", 29753},
-    {"studio2005", 29754}, {"native", 29756},     {"office2007", 29757}, {"office2010", 29764},
-    {"office2007-obsidian", 29759},
-};
+// Every family, and the dark variant of the 2007 look.
+const std::vector<Family> kLooks = [] {
+  std::vector<Family> looks(std::begin(kFamilies), std::end(kFamilies));
+  looks.push_back({"office2007-obsidian", 29759});
+  return looks;
+}();
 
 class SamplePictures : public ThemedTest, public ::testing::WithParamInterface<Family> {};
 
 TEST_P(SamplePictures, SampleDialogInTheTheme) {
-  ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+  ASSERT_TRUE(SelectFamilyTheme(GetParam().theme_id));
   ThemedSample dlg;
   ASSERT_TRUE(dlg.Create(9000, nullptr));
   // Labels, edits, combos, the spin, the group, radios, checks, progress and the two buttons.
@@ -78,12 +76,7 @@ TEST_P(SamplePictures, SampleDialogInTheTheme) {
   dlg.DestroyWindow();
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, SamplePictures, ::testing::ValuesIn(kFamilies),
-                         [](const ::testing::TestParamInfo<Family>& p) {
-                           std::string n = p.param.name;
-                           std::replace(n.begin(), n.end(), '-', '_');
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Families, SamplePictures, ::testing::ValuesIn(kLooks), FamilyTestName);
 
 }  // namespace
 }  // namespace qmk::testing

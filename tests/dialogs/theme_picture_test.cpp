@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "support/theme_families.h"
 #include "dialogs/dialog_fixture.h"
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
@@ -72,24 +73,15 @@ int CountDifferences(const platform::DrawTarget& a, cairo_surface_t* ref, platfo
   return ::testing::AssertionFailure() << name << ": " << (same_size ? std::to_string(bad) + " pixels differ" : "no reference of this size") << "; see " << out;
 }
 
-struct Family {
-  const char* name;
-  int theme_id;
-};
-const Family kFamilies[] = {
-    {"office2000", 29750}, {"officexp", 29751},     {"office2003", 29752},
-    {"office2003-plain", 29753}, {"studio2005", 29754}, {"native", 29756},
-    {"office2007", 29757}, {"office2010", 29764},
-};
 
 class ThemePictures : public DialogTest, public ::testing::WithParamInterface<Family> {
  protected:
   void SetUp() override {
     DialogTest::SetUp();
-    ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+    ASSERT_TRUE(SelectFamilyTheme(GetParam().theme_id));
   }
   void TearDown() override {
-    toolkit::theme::SelectPaintManagerById(29750, [](int) {});
+    SelectPlainTheme();
     DialogTest::TearDown();
   }
 };
@@ -121,12 +113,7 @@ TEST_P(ThemePictures, MessageBox) {
   EXPECT_TRUE(MatchesReference(*picture, std::string("msgbox-") + GetParam().name));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, ThemePictures, ::testing::ValuesIn(kFamilies),
-                         [](const ::testing::TestParamInfo<Family>& p) {
-                           std::string n = p.param.name;
-                           for (char& c : n) if (c == '-') c = '_';
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Families, ThemePictures, ::testing::ValuesIn(kFamilies), FamilyTestName);
 
 }  // namespace
 }  // namespace qmk::testing

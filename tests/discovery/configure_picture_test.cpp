@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/theme_families.h"
 #include "discovery/configure_view_fixture.h"
 #include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
@@ -16,15 +17,6 @@ namespace {
 
 namespace ui = platform::ui;
 
-struct Family {
-  const char* name;
-  int theme_id;
-};
-const Family kFamilies[] = {
-    {"office2000", 29750}, {"officexp", 29751},   {"office2003", 29752},
-    {"office2003-plain", 29753}, {"studio2005", 29754}, {"native", 29756},
-    {"office2007", 29757}, {"office2010", 29764},
-};
 
 // This folder's references, through the shared comparison (which starts in tests/ui/reference).
 ::testing::AssertionResult MatchesDiscoveryReference(const platform::DrawTarget& picture,
@@ -38,10 +30,10 @@ class ConfigurePictures : public ConfigureViewTest, public ::testing::WithParamI
  protected:
   void SetUp() override {
     ConfigureViewTest::SetUp();
-    ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+    ASSERT_TRUE(SelectFamilyTheme(GetParam().theme_id));
   }
   void TearDown() override {
-    toolkit::theme::SelectPaintManagerById(29750, [](int) {});
+    SelectPlainTheme();
     ConfigureViewTest::TearDown();
   }
 };
@@ -61,13 +53,7 @@ TEST_P(ConfigurePictures, SerialScannerWithItsPortSettings) {
   EXPECT_TRUE(MatchesDiscoveryReference(*picture, name));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, ConfigurePictures, ::testing::ValuesIn(kFamilies),
-                         [](const ::testing::TestParamInfo<Family>& p) {
-                           std::string n = p.param.name;
-                           for (char& c : n)
-                             if (c == '-') c = '_';
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Families, ConfigurePictures, ::testing::ValuesIn(kFamilies), FamilyTestName);
 
 }  // namespace
 }  // namespace qmk::testing

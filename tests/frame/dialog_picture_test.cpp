@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "support/theme_families.h"
 #include "dialog_session_fixture.h"
 #include "frame/dlg_scan_error.h"
 #include "frame/modeless_info_dlg.h"
@@ -18,24 +19,15 @@ namespace {
 
 using namespace platform::ui;
 
-struct Family {
-  const char* name;
-  int theme_id;
-};
-const Family kFamilies[] = {
-    {"office2000", 29750}, {"officexp", 29751},          {"office2003", 29752},
-    {"office2003-plain", 29753}, {"studio2005", 29754},  {"native", 29756},
-    {"office2007", 29757}, {"office2010", 29764},
-};
 
 class DialogPictures : public DialogSessionTest, public ::testing::WithParamInterface<Family> {
  protected:
   void SetUp() override {
     DialogSessionTest::SetUp();
-    ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+    ASSERT_TRUE(SelectFamilyTheme(GetParam().theme_id));
   }
   void TearDown() override {
-    toolkit::theme::SelectPaintManagerById(29750, [](int) {});
+    SelectPlainTheme();
     DialogSessionTest::TearDown();
   }
   ::testing::AssertionResult LooksRight(HWND window, const std::string& what) {
@@ -62,12 +54,7 @@ TEST_P(DialogPictures, LampNotice) {
   EXPECT_TRUE(LooksRight(notice.GetSafeHwnd(), "wait-lamp"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, DialogPictures, ::testing::ValuesIn(kFamilies),
-                         [](const ::testing::TestParamInfo<Family>& p) {
-                           std::string n = p.param.name;
-                           for (char& c : n) if (c == '-') c = '_';
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Families, DialogPictures, ::testing::ValuesIn(kFamilies), FamilyTestName);
 
 }  // namespace
 }  // namespace qmk::testing

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include "support/theme_families.h"
 #include "options/conversion_options_view.h"
 #include "options/scanning_options_view.h"
 #include "platform/draw/draw_target.h"
@@ -20,18 +21,15 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace platform::ui;
+using qmk::testing::Family;
+using qmk::testing::FamilyTestName;
+using qmk::testing::kFamilies;
+using qmk::testing::SelectFamilyTheme;
+using qmk::testing::SelectPlainTheme;
 
 constexpr int kChannelTolerance = 48;
 constexpr int kMaxDifferentPixels = 800;
 
-struct Family {
-  const char* name;
-  int theme_id;
-};
-const Family kFamilies[] = {
-    {"office2000", 29750}, {"officexp", 29751},   {"office2003", 29752}, {"office2003-plain", 29753},
-    {"studio2005", 29754}, {"native", 29756},     {"office2007", 29757}, {"office2010", 29764},
-};
 
 fs::path SourceDir() {
   const char* src = std::getenv("QMK_TEST_SOURCE_DIR");
@@ -84,7 +82,7 @@ class OptionPictures : public OptionViewTest, public ::testing::WithParamInterfa
  protected:
   void SetUp() override {
     OptionViewTest::SetUp();
-    ASSERT_TRUE(toolkit::theme::SelectPaintManagerById(GetParam().theme_id, [](int) {}));
+    ASSERT_TRUE(SelectFamilyTheme(GetParam().theme_id));
     record_ = build_data{};
     Put(record_.dataFileName, sizeof record_.dataFileName, "EXAM0612.DAT");
     Put(record_.autoNameTemplate, sizeof record_.autoNameTemplate, "*W*S.dat");
@@ -104,7 +102,7 @@ class OptionPictures : public OptionViewTest, public ::testing::WithParamInterfa
     config_.feat_mask.select_stacker = 1;
   }
   void TearDown() override {
-    toolkit::theme::SelectPaintManagerById(29750, [](int) {});
+    SelectPlainTheme();
     OptionViewTest::TearDown();
   }
 
@@ -155,12 +153,7 @@ TEST_P(OptionPictures, ConversionAndEditOptions) {
   Expect(edit_view, CEditOptionsDialog::kIdd, "edit");
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, OptionPictures, ::testing::ValuesIn(kFamilies),
-                         [](const auto& family) {
-                           std::string name = family.param.name;
-                           std::replace(name.begin(), name.end(), '-', '_');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Families, OptionPictures, ::testing::ValuesIn(kFamilies), FamilyTestName);
 
 }  // namespace
 }  // namespace qmk::options::testing
