@@ -140,6 +140,10 @@ TEST(ComboBoxCells, DropListStoresOnlyItsItems) {
   EXPECT_FALSE(Load(back, hostile));
 }
 
+TEST(PercentageCell, IsANumberCell) {
+  EXPECT_TRUE(CExtGridCellPercentage::kClass.IsDerivedFrom(&CExtGridCellNumber::kClass));
+}
+
 TEST(PercentageCell, ShowsAndReadsHundredths) {
   struct Case { const char* in; bool ok; double fraction; const char* shown; };
   for (const Case& c : {Case{"12.5%", true, 0.125, "12.5%"}, Case{"40", true, 0.4, "40%"},

@@ -19,7 +19,7 @@ QMK_GRID_CELL_CLASS_IMPL(CExtGridCellColor, CExtGridCellEx)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellSlider, CExtGridCellVariant)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellComboBox, CExtGridCellString)
 QMK_GRID_CELL_CLASS_IMPL(CExtGridCellDropListComboBox, CExtGridCellComboBox)
-QMK_GRID_CELL_CLASS_IMPL(CExtGridCellPercentage, CExtGridCellVariant)
+QMK_GRID_CELL_CLASS_IMPL(CExtGridCellPercentage, CExtGridCellNumber)
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "toolkit/grid/cell_ex.h"
+#include "toolkit/grid/cell_input.h"
 #include "toolkit/grid/cell_variant.h"
 
 namespace qmk::toolkit::grid {
@@ -132,7 +133,7 @@ class CExtGridCellDropListComboBox : public CExtGridCellComboBox {
 };
 
 // A number shown as a percentage: 0.125 shows as "12.5%"; "12.5%" and "12.5" read as 0.125.
-class CExtGridCellPercentage : public CExtGridCellVariant {
+class CExtGridCellPercentage : public CExtGridCellNumber {
   QMK_GRID_CELL_CLASS(CExtGridCellPercentage)
  public:
   CExtGridCellPercentage() { m_var = Variant::R8(0); }
