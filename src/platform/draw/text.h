@@ -57,8 +57,8 @@ bool DrawText(DrawTarget& target, const DrawRect& box, const std::string& text,
 // True when the font map has a family of this name (compared without case).
 bool FontFamilyInstalled(const std::string& face);
 
-// Frees the process-wide font map and font configuration caches, so that a leak checker sees a
-// clean exit; text drawn afterwards builds them again.
+// Drops the process-wide font map, so that a leak checker sees its fonts go at exit; text drawn
+// afterwards builds it again. The caches below it (cairo's, fontconfig's) live on.
 void ReleaseFontCaches();
 
 }  // namespace qmk::platform
