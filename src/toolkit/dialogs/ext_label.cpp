@@ -24,6 +24,14 @@ bool IsTextKind(uint32_t style) {
          kind == kLeftNoWordWrap;
 }
 
+// Frames and etched lines: drawn over the parent's background in the theme's colours, so that a
+// frame around a label shows the dialog's own shading inside, not the window system's face.
+bool IsFrameKind(uint32_t style) {
+  const uint32_t kind = style & ui::SS_TYPEMASK;
+  return kind == ui::SS_BLACKFRAME || kind == ui::SS_GRAYFRAME || kind == ui::SS_WHITEFRAME ||
+         kind == ui::SS_ETCHEDFRAME || kind == ui::controls::SS_ETCHEDHORZ || kind == ui::controls::SS_ETCHEDVERT;
+}
+
 // The label's own font, the window system's control font when it was given none: dialogs are
 // laid out, and message boxes measure their text, in it.
 ui::HFONT WindowFont(ui::HWND hwnd) {
@@ -138,15 +146,37 @@ void CExtLabel::SetBitmap(const bitmap::CExtBitmap& picture) {
   Invalidate();
 }
 
-bool CExtLabel::PaintsClient() const { return IsTextKind(Style()) || !m_bitmap.IsEmpty(); }
+bool CExtLabel::PaintsClient() const {
+  return IsTextKind(Style()) || IsFrameKind(Style()) || !m_bitmap.IsEmpty();
+}
 
 void CExtLabel::PaintControl(platform::DrawTarget& target, const platform::DrawRect& rc) {
   if (m_clrBackground != kThemeColor) theme::draw::Fill(target, rc, m_clrBackground);
   else PaintParentBackground(target, rc);
+  if (IsFrameKind(Style())) return PaintFrame(target, rc);
   const platform::DrawRect box{rc.left + m_nMarginLeft, rc.top + m_nMarginTop, rc.right - m_nMarginRight,
                                rc.bottom - m_nMarginBottom};
   if (m_bitmap.IsEmpty()) PaintText(target, box);
   else PaintBitmap(target, box);
+}
+
+void CExtLabel::PaintFrame(platform::DrawTarget& target, const platform::DrawRect& rc) {
+  auto& pm = *theme::g_PaintManager().GetPM();
+  const uint32_t shadow = pm.GetColor(theme::COLOR_BTNSHADOW), light = pm.GetColor(theme::COLOR_BTNHIGHLIGHT);
+  switch (Style() & ui::SS_TYPEMASK) {
+    case ui::SS_BLACKFRAME: return theme::draw::Frame(target, rc, pm.GetColor(theme::COLOR_WINDOWTEXT));
+    case ui::SS_GRAYFRAME: return theme::draw::Frame(target, rc, shadow);
+    case ui::SS_WHITEFRAME: return theme::draw::Frame(target, rc, light);
+    case ui::controls::SS_ETCHEDHORZ:
+      theme::draw::Fill(target, {rc.left, rc.top, rc.right, rc.top + 1}, shadow);
+      return theme::draw::Fill(target, {rc.left, rc.top + 1, rc.right, rc.top + 2}, light);
+    case ui::controls::SS_ETCHEDVERT:
+      theme::draw::Fill(target, {rc.left, rc.top, rc.left + 1, rc.bottom}, shadow);
+      return theme::draw::Fill(target, {rc.left + 1, rc.top, rc.left + 2, rc.bottom}, light);
+    default:  // etched: shadow, with highlight one pixel inside
+      theme::draw::Frame(target, {rc.left + 1, rc.top + 1, rc.right, rc.bottom}, light);
+      return theme::draw::Frame(target, {rc.left, rc.top, rc.right - 1, rc.bottom - 1}, shadow);
+  }
 }
 
 void CExtLabel::PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box) {

@@ -52,6 +52,7 @@ class CExtLabel : public ThemedControl {
   void SyncNotifyStyle();
   void PaintText(platform::DrawTarget& target, const platform::DrawRect& box);
   void PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box);
+  void PaintFrame(platform::DrawTarget& target, const platform::DrawRect& rc);
 };
 
 // The width of a line of text in pixels.
