@@ -43,10 +43,16 @@ void CModelessInfoDlg::SetText(const std::string& text) {
 }
 
 void CModelessInfoDlg::Show(bool visible) {
+  const bool was_visible = ui::IsWindowVisible(m_hWnd);
   ui::ShowWindow(m_hWnd, visible ? ui::SW_SHOW : ui::SW_HIDE);
-  // The connection wait pumps nothing while it stands: the notice is painted and put on the
-  // screen now, or a display server would show it only after the connect.
-  if (visible) ui::FlushWindowToScreen(m_hWnd, kOnScreenLimitMs);
+  if (!visible) return;
+  // The connection wait pumps nothing while it stands: a notice coming up is painted and put on
+  // the screen now, or a display server would show it only after the connect. One already up
+  // (the lamp countdown's, retexted each second) is painted; the wait's own pumping shows it.
+  if (was_visible)
+    ui::UpdateWindow(m_hWnd);
+  else
+    ui::FlushWindowToScreen(m_hWnd, kOnScreenLimitMs);
 }
 
 Rect CModelessInfoDlg::Bounds() const {
