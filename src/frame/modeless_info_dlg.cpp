@@ -9,6 +9,11 @@ namespace qmk::frame {
 
 namespace ui = platform::ui;
 
+namespace {
+// How long showing the notice may wait for the display server to map and draw it.
+constexpr int kOnScreenLimitMs = 500;
+}  // namespace
+
 CModelessInfoDlg::CModelessInfoDlg(std::string text, bool show_cancel, HWND parent)
     : CCorvidDialog(kInfoDialogTemplate, parent), m_bShowCancel(show_cancel),
       m_strText(std::move(text)) {
@@ -38,9 +43,16 @@ void CModelessInfoDlg::SetText(const std::string& text) {
 }
 
 void CModelessInfoDlg::Show(bool visible) {
+  const bool was_visible = ui::IsWindowVisible(m_hWnd);
   ui::ShowWindow(m_hWnd, visible ? ui::SW_SHOW : ui::SW_HIDE);
-  // The connection wait pumps nothing while it stands: paint the notice now.
-  if (visible) ui::UpdateWindow(m_hWnd);
+  if (!visible) return;
+  // The connection wait pumps nothing while it stands: a notice coming up is painted and put on
+  // the screen now, or a display server would show it only after the connect. One already up
+  // (the lamp countdown's, retexted each second) is painted; the wait's own pumping shows it.
+  if (was_visible)
+    ui::UpdateWindow(m_hWnd);
+  else
+    ui::FlushWindowToScreen(m_hWnd, kOnScreenLimitMs);
 }
 
 Rect CModelessInfoDlg::Bounds() const {

@@ -1,6 +1,6 @@
 // The wait notices as real modeless dialogs of template 2001 on the headless back end: the host
 // window disabled for the wait's life, the notice centred over it, the countdown on the window
-// system's timer, and Cancel pressed on the notice's own button.
+// system's timer, and Cancel pressed on the notice's own button by the scripted operator.
 #include <gmock/gmock.h>
 
 #include "dialog_session_fixture.h"
@@ -8,6 +8,7 @@
 #include "frame/modeless_info_dlg.h"
 #include "frame/wait_notices.h"
 #include "platform/ui/dialog.h"
+#include "platform/ui/dialog_script.h"
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
 #include "platform/ui/window.h"
@@ -21,27 +22,30 @@ using namespace platform::ui;
 
 int Remaining() { return QlkRemainingLampWarmUpTime(nullptr); }
 
-// What a person at the screen saw before pressing the notice's Cancel after three seconds.
-struct Person {
+// What the screen showed when the mouse went down on the notice's Cancel button, seen by a
+// filter ahead of every message the thread dispatches.
+struct PressSeen {
   HWND host = nullptr;
   platform::Clock* clock = nullptr;
   std::string text;
   bool host_enabled = true;
-  bool clicked = false;
+  int64_t at_ms = -1;
+  int filter = 0;
 
-  static Person* current;
-  static void Look(HWND, unsigned, uintptr_t, int64_t) {
-    Person& p = *current;
-    HWND notice = nullptr;
-    for (HWND t : GetChildren(nullptr))
-      if (GetDialogTemplateId(t) == frame::kInfoDialogTemplate && IsWindowVisible(t)) notice = t;
-    if (!notice || p.clicked || p.clock->NowMs() < 3000) return;
-    p.text = GetDlgItemText(notice, frame::kInfoLabelId);
-    p.host_enabled = IsWindowEnabled(p.host);
-    p.clicked = ClickWindow(GetDlgItem(notice, IDCANCEL));
+  void Watch() {
+    filter = AddMessageFilter([this](MSG& msg) {
+      const HWND notice = GetParent(msg.hwnd);
+      if (msg.message == WM_LBUTTONDOWN && at_ms < 0 && GetDlgCtrlID(msg.hwnd) == IDCANCEL &&
+          GetDialogTemplateId(notice) == frame::kInfoDialogTemplate) {
+        text = GetDlgItemText(notice, frame::kInfoLabelId);
+        host_enabled = IsWindowEnabled(host);
+        at_ms = clock->NowMs();
+      }
+      return false;
+    });
   }
+  ~PressSeen() { RemoveMessageFilter(filter); }
 };
-Person* Person::current = nullptr;
 
 class WaitDialog : public DialogSessionTest {
  protected:
@@ -110,24 +114,26 @@ TEST_F(WaitDialog, LampNoticeCountsOnTheWindowSystemTimerAndCancelLeavesItUp) {
 TEST_F(WaitDialog, ScanStopsWith7WhenTheNoticesCancelIsPressed) {
   LoadBatch("sheet\nend\n");
   OpenTwain(60);
-  // A person reads the countdown for a few seconds, then presses Cancel; they look twice a
-  // second, on a timer of the window system as the countdown is.
-  Person person;
-  person.host = host_;
-  person.clock = &clock_;
-  Person::current = &person;
-  const uintptr_t looks = SetTimer(nullptr, 0, 500, Person::Look);
+  // A person reads the countdown for three seconds, then presses the notice's Cancel. The
+  // script plays in the scan's own waiting loop, the countdown ticking meanwhile.
+  QueueDialogScript(DialogScript(frame::kInfoDialogTemplate).Wait(3000).Press(IDCANCEL));
+  PressSeen seen;
+  seen.host = host_;
+  seen.clock = &clock_;
+  seen.Watch();
   std::vector<char> front(QMK_OMR_BYTES), back(QMK_OMR_BYTES);
   int ints[4];
   const int result = ScnScanForOMR(host_, rec_, 0, QMK_OMR_BYTES, front.data(), back.data(),
                                    &ints[0], &ints[1], &ints[2], &ints[3]);
-  KillTimer(nullptr, looks);
 
   EXPECT_EQ(result, 7);
-  EXPECT_TRUE(person.clicked);
-  EXPECT_THAT(person.text,
-              ::testing::MatchesRegex("Lamps are warming up\\.  0:5[0-9] minutes remaining\\."));
-  EXPECT_FALSE(person.host_enabled);
+  EXPECT_EQ(PendingDialogScripts(), 0);
+  EXPECT_THAT(DialogScriptLog(), ::testing::ElementsAre("2001: wait 3000", "2001: click 2"));
+  EXPECT_GE(seen.at_ms, 3000);
+  EXPECT_LT(seen.at_ms, 4000) << "the wait slept well past the script's time";
+  EXPECT_THAT(seen.text,
+              ::testing::MatchesRegex("Lamps are warming up\\.  0:5[78] minutes remaining\\."));
+  EXPECT_FALSE(seen.host_enabled);
   EXPECT_TRUE(IsWindowEnabled(host_));
   EXPECT_EQ(FindDialog(frame::kInfoDialogTemplate), nullptr);
   EXPECT_EQ(frame::CurrentLampWarmup(), nullptr);

@@ -17,7 +17,7 @@ typedef struct _cairo_surface cairo_surface_t;
 
 namespace qmk::platform::ui {
 
-constexpr int kBackendAbiVersion = 2;
+constexpr int kBackendAbiVersion = 3;
 
 // Modifier keys held during an input event.
 constexpr unsigned kModShift = 0x1, kModControl = 0x2, kModAlt = 0x4;
@@ -87,6 +87,12 @@ class Backend {
   virtual bool PumpEvents(int timeout_ms) = 0;
   // Ends a PumpEvents wait early (after a message was posted from a callback, a timer reset).
   virtual void Wake() = 0;
+
+  // Takes in native events until the surface of `top` is on the screen showing its last
+  // Present, or `limit_ms` passed; true when it is. For a window shown just before the thread
+  // blocks without pumping: a display server maps and draws a window only when asked through
+  // its event loop. Input that arrives meanwhile reaches the host as in PumpEvents.
+  virtual bool WaitUntilShown(HWND top, int limit_ms) = 0;
 
   // False when no input can come but what code injects (headless): a loop that finds nothing
   // to wait for then gives up instead of blocking. Back ends with a display keep waiting.

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <climits>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/ui/control_messages.h"
 #include "platform/ui/controls/register.h"
@@ -114,6 +115,7 @@ LRESULT DialogWndProc(HWND hwnd, unsigned msg, WPARAM wparam, LPARAM lparam) {
     return DefWindowProc(hwnd, msg, wparam, lparam);
   }
   DialogState* d = StateOf(hwnd);
+  if (msg == WM_NCDESTROY && d && d->script) StopDialogScript(std::exchange(d->script, 0));
   if (d && d->proc) {
     d->msg_result = 0;
     const intptr_t handled = d->proc(hwnd, msg, wparam, lparam);
@@ -204,6 +206,9 @@ HWND CreateFromTemplate(const DialogTemplate& tpl, HWND owner, DLGPROC proc, LPA
     return nullptr;
   }
   if ((tpl.style & WS_VISIBLE) && !modal) ShowWindow(dlg, SW_SHOW);
+  // A modeless window of its own plays its script from now until it is destroyed.
+  if (!modal && !child)
+    if (DialogState* d = StateOf(dlg)) d->script = StartDialogScript(dlg, d->template_id);
   return dlg;
 }
 

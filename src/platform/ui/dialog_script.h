@@ -1,6 +1,8 @@
 // dialog_script.h: the scripted operator of dialogs. A test queues what a person would do in the
-// next modal dialog made from a template; the modal loop plays it through real input (keys and
-// clicks injected into the back end), never by calling the dialog's methods.
+// next dialog made from a template; it is played through real input (keys and clicks injected
+// into the back end), never by calling the dialog's methods. A modal dialog's script plays in the
+// dialog's own loop; a modeless one's (a wait notice, say) in whatever loop pumps the thread's
+// messages meanwhile, once the dialog is visible and no modal loop was started above it.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +22,7 @@ struct ScriptStep {
     Click,     // click the control
     Key,       // press `value` (a key code) with `mods`, wherever the focus is
     Type,      // type `text` wherever the focus is
+    Wait,      // do nothing until `value` milliseconds of the clock have passed
   };
   Kind kind = Kind::Click;
   int control = 0;
@@ -38,6 +41,9 @@ class DialogScript {
   DialogScript& Click(int control);
   DialogScript& Key(unsigned vk, unsigned mods = 0);
   DialogScript& Type(std::string text);
+  // Looks at the dialog for `ms` milliseconds of the clock before the next step (a countdown
+  // read for a while, then Cancel). The loop is not kept busy meanwhile: a timer wakes it.
+  DialogScript& Wait(int ms);
   // Presses a button by clicking it (IDOK, IDCANCEL, ...).
   DialogScript& Press(int button) { return Click(button); }
 
@@ -49,13 +55,14 @@ class DialogScript {
   std::vector<ScriptStep> steps_;
 };
 
-// Queues a script for the next modal dialog made from its template; scripts play in order.
+// Queues a script for the next dialog made from its template, modal or modeless (a top-level
+// one: pages made inside another dialog take none); scripts play in order.
 void QueueDialogScript(DialogScript script);
 // Scripts not yet played.
 int PendingDialogScripts();
 void ClearDialogScripts();
-// What was played, one line per step ("9000: set text 1001 \"abc\""), and failures such as a
-// missing control ("9000: no control 1099").
+// What was played, one line per step ("9000: set text 1001 \"abc\"", "2001: wait 3000"), and
+// failures such as a missing control ("9000: no control 1099").
 std::vector<std::string> DialogScriptLog();
 
 }  // namespace qmk::platform::ui

@@ -21,6 +21,7 @@ struct DialogState {
   LRESULT msg_result = 0;
   HWND saved_focus = nullptr;
   bool adopted = false;   // the window took ownership at WM_NCCREATE
+  int script = 0;         // a modeless dialog's scripted operator, stopped with the window
   ~DialogState() {
     if (font) DeleteObject(font);
   }
@@ -30,7 +31,8 @@ struct DialogState {
 void SetDlgFocus(HWND dlg, HWND ctrl);
 // Every control of a dialog in tab order, looking inside WS_EX_CONTROLPARENT containers.
 std::vector<HWND> DialogControls(HWND dlg);
-// The scripted operator's hooks around a modal dialog's loop.
+// The scripted operator's hooks: around a modal dialog's loop, or from a modeless dialog's
+// making to its destruction. Start returns 0 when no script waits for the template.
 int StartDialogScript(HWND dlg, int template_id);
 void StopDialogScript(int handle);
 

@@ -107,6 +107,11 @@ bool HeadlessBackend::PumpEvents(int timeout_ms) {
   return true;
 }
 
+bool HeadlessBackend::WaitUntilShown(HWND top, int) {
+  auto it = surfaces_.find(top);
+  return it != surfaces_.end() && it->second.visible && it->second.presents > 0;
+}
+
 bool HeadlessBackend::GetClipboardText(std::string* out) {
   if (!has_clipboard_ || !out) return false;
   *out = clipboard_;

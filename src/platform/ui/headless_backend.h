@@ -31,6 +31,8 @@ class HeadlessBackend final : public Backend {
   void SetPointerGrab(HWND top, bool grab) override;
   bool PumpEvents(int timeout_ms) override;
   void Wake() override {}
+  // Its picture is what it shows: a shown surface that was presented once is on the screen.
+  bool WaitUntilShown(HWND top, int limit_ms) override;
   bool HasInputSource() const override { return false; }
   bool GetClipboardText(std::string* out) override;
   bool SetClipboardText(const std::string& text) override;

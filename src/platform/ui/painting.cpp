@@ -246,6 +246,16 @@ bool UpdateWindow(HWND hwnd) {
   return true;
 }
 
+bool FlushWindowToScreen(HWND hwnd, int limit_ms) {
+  Window* w = Find(hwnd);
+  Window* top = w ? TopLevelOf(w) : nullptr;
+  // A host's wrapped window is the host's to show.
+  if (!top || top->native_id || !IsWindowVisible(hwnd)) return false;
+  const HWND handle = top->handle;
+  UpdateWindow(handle);
+  return IsWindow(handle) && TheBackend().WaitUntilShown(handle, limit_ms);
+}
+
 // ---- Painting --------------------------------------------------------------------------------
 Dc* BeginPaint(HWND hwnd, PAINTSTRUCT* ps) {
   Window* w = Find(hwnd);

@@ -166,5 +166,10 @@ bool GetUpdateRect(HWND hwnd, Rect* out, bool erase);
 std::vector<Rect> GetUpdateRegion(HWND hwnd);
 // Sends WM_PAINT now to the window and its children that have something invalid.
 bool UpdateWindow(HWND hwnd);
+// Puts a shown window's top-level window on the screen as it is painted now, for code that
+// shows a notice and then works without pumping messages: paints what is owed, presents it, and
+// has the back end take in native events until the window is mapped and drawn, for at most
+// `limit_ms`. True when it is on the screen; false for a hidden window or when time ran out.
+bool FlushWindowToScreen(HWND hwnd, int limit_ms);
 
 }  // namespace qmk::platform::ui

@@ -1,6 +1,7 @@
 // gtk_backend.cpp: surfaces, input, waits, clipboard and monitors of the GTK back end.
 #include "platform/ui/gtk3/gtk_backend.h"
 
+#include <algorithm>
 #include <optional>
 
 #ifdef GDK_WINDOWING_X11
@@ -229,6 +230,22 @@ bool GtkBackend::PumpEvents(int timeout_ms) {
 }
 
 void GtkBackend::Wake() { gtk3::Wake(); }
+
+bool GtkBackend::WaitUntilShown(HWND top, int limit_ms) {
+  const gint64 end = g_get_monotonic_time() + gint64{std::max(limit_ms, 0)} * 1000;
+  // The surface is looked up at every turn: what the host does with input may destroy it.
+  for (TopLevel* window = SurfaceOf(top); window && window->visible(); window = SurfaceOf(top)) {
+    if (window->on_screen()) {
+      // GTK's drawing is on its way to the server; the round trip sees it done.
+      gdk_display_sync(display_);
+      return true;
+    }
+    const gint64 left_ms = (end - g_get_monotonic_time()) / 1000;
+    if (left_ms <= 0) return false;
+    Iterate(static_cast<int>(std::min<gint64>(left_ms, 10)));
+  }
+  return false;
+}
 
 bool GtkBackend::GetClipboardText(std::string* out) {
   auto text = gtk3::GetClipboardText();

@@ -33,6 +33,7 @@ class GtkBackend : public Backend {
 
   bool PumpEvents(int timeout_ms) override;
   void Wake() override;
+  bool WaitUntilShown(HWND top, int limit_ms) override;
 
   bool GetClipboardText(std::string* out) override;
   bool SetClipboardText(const std::string& text) override;

@@ -51,6 +51,8 @@ TopLevel::TopLevel(const TopLevelOptions& options, WindowEvents* events) : event
   g_signal_connect(w, "configure-event", G_CALLBACK(OnConfigure), this);
   g_signal_connect(w, "delete-event", G_CALLBACK(OnDelete), this);
   g_signal_connect_after(w, "realize", G_CALLBACK(OnRealize), this);
+  g_signal_connect(w, "map-event", G_CALLBACK(OnMapChange), this);
+  g_signal_connect(w, "unmap-event", G_CALLBACK(OnMapChange), this);
   g_signal_connect(area_, "draw", G_CALLBACK(OnDraw), this);
   g_signal_connect(area_, "button-press-event", G_CALLBACK(OnButton), this);
   g_signal_connect(area_, "button-release-event", G_CALLBACK(OnButton), this);
@@ -75,6 +77,7 @@ TopLevel::~TopLevel() {
 }
 
 void TopLevel::Show(bool visible) {
+  if (visible != visible_) map_seen_ = drawn_ = false;
   visible_ = visible;
   if (visible) gtk_widget_show(GTK_WIDGET(window_));
   else gtk_widget_hide(GTK_WIDGET(window_));
@@ -116,6 +119,7 @@ void TopLevel::Invalidate(const Rect& r) {
   // Rounded outwards, so that a part smaller than one logical pixel is still drawn.
   int left = r.left / s, top = r.top / s;
   int right = (r.right + s - 1) / s, bottom = (r.bottom + s - 1) / s;
+  drawn_ = false;
   gtk_widget_queue_draw_area(area_, left, top, right - left, bottom - top);
 }
 
@@ -201,6 +205,7 @@ gboolean TopLevel::OnDraw(GtkWidget*, cairo_t* cr, gpointer data) {
   cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
   cairo_set_source_surface(cr, self->back_, 0, 0);
   cairo_paint(cr);
+  self->drawn_ = true;
   return TRUE;
 }
 
@@ -370,6 +375,15 @@ gboolean TopLevel::OnConfigure(GtkWidget*, GdkEventConfigure* event, gpointer da
 gboolean TopLevel::OnDelete(GtkWidget*, GdkEvent*, gpointer data) {
   static_cast<TopLevel*>(data)->events_->OnCloseRequest();
   return TRUE;  // the window system decides whether the window goes
+}
+
+gboolean TopLevel::OnMapChange(GtkWidget*, GdkEvent* event, gpointer data) {
+  auto* self = static_cast<TopLevel*>(data);
+  // A window drawn before the server mapped it may have lost that drawing: the map's expose
+  // brings the draw that counts.
+  self->map_seen_ = event->type == GDK_MAP;
+  self->drawn_ = false;
+  return FALSE;
 }
 
 void TopLevel::OnRealize(GtkWidget*, gpointer data) {

@@ -30,6 +30,9 @@ class TopLevel {
 
   void Show(bool visible);
   bool visible() const { return visible_; }
+  // The server reported the window mapped, and GTK drew it since then and since the last
+  // Present: what the back buffer holds was sent to the screen.
+  bool on_screen() const { return visible_ && map_seen_ && drawn_; }
   void Move(int x, int y);
   void Resize(int width, int height);
   void SetTitle(const std::string& title);
@@ -64,6 +67,7 @@ class TopLevel {
   static gboolean OnDelete(GtkWidget*, GdkEvent*, gpointer self);
   static void OnCommit(GtkIMContext*, const gchar* text, gpointer self);
   static void OnRealize(GtkWidget*, gpointer self);
+  static gboolean OnMapChange(GtkWidget*, GdkEvent* event, gpointer self);
 
   void HandleKey(GdkEventKey* event);
   // Whether a press completes a double click: the same button again, soon and near enough.
@@ -83,6 +87,8 @@ class TopLevel {
   bool visible_ = false;
   bool resizable_ = true;
   bool presented_ = false;     // something was presented since the window was made
+  bool map_seen_ = false;      // the server's map notice came after the last show
+  bool drawn_ = false;         // GTK drew the window after the last map notice and Present
   unsigned typing_modifiers_ = 0;  // of the key the input method is looking at
   double wheel_rest_ = 0;  // unfinished notches of smooth scrolling
   bool keys_down_[256] = {};
