@@ -2,30 +2,17 @@
 // family, compared with reference pictures within a tolerance.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-
+#include "support/picture_match.h"
 #include "support/theme_families.h"
 #include "dialog_controls/themed_fixture.h"
 #include "platform/ui/controls/control_messages.h"
 #include "toolkit/dialogs/resizable_dialog.h"
 #include "toolkit/dialogs/subclass_controls.h"
-#include "ui_controls/picture_compare.h"
 
 namespace qmk::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::ui::controls::testing::ComparePicture;
-using platform::ui::controls::testing::PictureDiff;
-
-constexpr int kChannelTolerance = 48;
-constexpr int kMaxDifferentPixels = 800;
-
-fs::path ReferenceFolder() {
-  const char* root = std::getenv("QMK_TEST_SOURCE_DIR");
-  return fs::path(root ? root : "../..") / "tests" / "dialog_controls" / "reference";
-}
 
 // The sample dialog with every control themed and a few values in them.
 class ThemedSample : public toolkit::CExtResizableDialog {
@@ -67,12 +54,10 @@ TEST_P(SamplePictures, SampleDialogInTheTheme) {
   ShowWindow(dlg.GetSafeHwnd(), SW_SHOW);
   auto picture = RenderWindow(dlg.GetSafeHwnd());
   ASSERT_NE(picture, nullptr);
-  const fs::path reference = ReferenceFolder() / (std::string("sample-") + GetParam().name + ".png");
-  if (std::getenv("QMK_UPDATE_REFERENCES")) picture->WritePng(reference.string());
-  const PictureDiff d =
-      ComparePicture(*picture, reference, kChannelTolerance, fs::temp_directory_path() / "qmk-dialog-controls");
-  const int allowed = std::min(kMaxDifferentPixels, picture->width() * picture->height() / 100);
-  EXPECT_TRUE(d.loaded && d.same_size && d.differing <= allowed) << GetParam().name << ": " << d.message;
+  const fs::path reference =
+      SourceTree() / "tests/dialog_controls/reference" / (std::string("sample-") + GetParam().name + ".png");
+  EXPECT_TRUE(MatchesPicture(*picture, reference,
+                             {48, DialogPictureAllowance(*picture), fs::temp_directory_path() / "qmk-dialog-controls"}));
   dlg.DestroyWindow();
 }
 

@@ -143,29 +143,34 @@ TEST_F(DialogKeyboard, WithoutTheFlagTheDialogManagerLeavesTheHeldPageOut) {
   EXPECT_EQ(GetFocus(), Item(kEdit));
 }
 
-TEST_F(DialogKeyboard, AClaimedMnemonicFocusesTheButtonAndClicksItOnce) {
-  const HWND go = AddGoButton();
-  SetFocus(Item(kBrowse));
-  Type("g");
-  EXPECT_EQ(GetFocus(), go) << "the claiming button takes the focus";
-  EXPECT_EQ(dialog_.commands[kGo], 1) << "one click, on the key-up";
-}
-
-TEST_F(DialogKeyboard, AnUnclaimedMnemonicIsLeftToTheDialogManager) {
-  const HWND go = AddGoButton();
-  g_answers = false;  // mnemonics turned off on the button
-  SetFocus(Item(kBrowse));
-  Type("g");
-  EXPECT_NE(GetFocus(), go);
-  EXPECT_EQ(dialog_.commands[kGo], 1) << "the dialog manager's own mnemonic still clicks it";
-}
-
-TEST_F(DialogKeyboard, LettersTypedIntoAnEditAreNotMnemonics) {
-  AddGoButton();
-  SetFocus(Item(kEdit));
-  Type("g");
-  EXPECT_EQ(GetDlgItemText(dlg_, kEdit), "g");
-  EXPECT_EQ(dialog_.commands[kGo], 0);
+TEST_F(DialogKeyboard, MnemonicsGoToTheButtonThatClaimsThem) {
+  struct Case {
+    const char* what;
+    bool answers;
+    int focus;
+    bool go_focused;
+    const char* edit_text;
+    int clicks;
+  };
+  const Case cases[] = {
+      // The claiming button takes the focus and is clicked once, on the key-up.
+      {"claimed", true, kBrowse, true, "", 1},
+      // Mnemonics turned off on the button: the dialog manager's own mnemonic still clicks it.
+      {"unclaimed", false, kBrowse, false, "", 1},
+      {"typed into an edit", true, kEdit, false, "g", 0},
+  };
+  for (const Case& c : cases) {
+    const HWND go = AddGoButton();
+    g_answers = c.answers;
+    dialog_.commands[kGo] = 0;
+    SetDlgItemText(dlg_, kEdit, "");
+    SetFocus(Item(c.focus));
+    Type("g");
+    EXPECT_EQ(GetFocus() == go, c.go_focused) << c.what;
+    EXPECT_EQ(GetDlgItemText(dlg_, kEdit), c.edit_text) << c.what;
+    EXPECT_EQ(dialog_.commands[kGo], c.clicks) << c.what;
+    DestroyWindow(go);
+  }
 }
 
 TEST_F(DialogKeyboard, AltSpaceOpensTheSystemMenuWhichATimerWatches) {
@@ -228,23 +233,28 @@ TEST_F(DialogKeyboard, TheMenuOpensBelowTheCaptionOnTheReadingSide) {
 // ---- The message box's system menu ----------------------------------------------------------
 class MsgBoxSystemMenu : public DialogTest {};
 
-TEST_F(MsgBoxSystemMenu, CloseFromTheMenuEndsTheBoxWithItsEscapeButton) {
-  QueueDialogScript(DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_RETURN));
-  EXPECT_EQ(ExtMsgBox(nullptr, "Stop?", "Menu", 5 | kMbNoBeep), IDCANCEL)
-      << ::testing::PrintToString(DialogScriptLog());
-}
-
-TEST_F(MsgBoxSystemMenu, EscapeInTheMenuLeavesTheBoxUp) {
-  QueueDialogScript(
-      DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_ESCAPE).Key(VK_RETURN));
-  EXPECT_EQ(ExtMsgBox(nullptr, "Stop?", "Menu", 5 | kMbNoBeep), IDRETRY);
-}
-
-TEST_F(MsgBoxSystemMenu, ABoxWithoutEscapeButtonOffersNoClose) {
+TEST_F(MsgBoxSystemMenu, AltSpaceThenKeys) {
+  struct Case {
+    const char* what;
+    unsigned buttons;
+    DialogScript script;
+    int want;
+  };
+  const Case cases[] = {
+      {"Close from the menu ends the box with its escape button", 5,
+       DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_RETURN), IDCANCEL},
+      {"Escape in the menu leaves the box up", 5,
+       DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_ESCAPE).Key(VK_RETURN), IDRETRY},
+      // Yes and No have no escape button: no menu opens, so Enter presses the default button.
+      {"no close without an escape button", 4,
+       DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_RETURN), IDYES},
+  };
+  for (const Case& c : cases) {
+    QueueDialogScript(c.script);
+    EXPECT_EQ(ExtMsgBox(nullptr, "Stop?", "Menu", c.buttons | kMbNoBeep), c.want)
+        << c.what << ::testing::PrintToString(DialogScriptLog());
+  }
   EXPECT_TRUE(DialogSystemMenuItems(false).empty());
-  QueueDialogScript(DialogScript(kMsgBoxTemplateId).Key(VK_SPACE, kModAlt).Key(VK_RETURN));
-  EXPECT_EQ(ExtMsgBox(nullptr, "Keep?", "Menu", 4 | kMbNoBeep), IDYES)
-      << "no menu opened, so Enter pressed the default button";
 }
 
 }  // namespace

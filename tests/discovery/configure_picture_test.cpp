@@ -17,13 +17,10 @@ namespace {
 
 namespace ui = platform::ui;
 
-
 // This folder's references, through the shared comparison (which starts in tests/ui/reference).
 ::testing::AssertionResult MatchesDiscoveryReference(const platform::DrawTarget& picture,
                                                      const std::string& name) {
-  const std::string relative = "../../discovery/reference/" + name;
-  std::filesystem::create_directories(PictureOutputDir() / "../../discovery/reference");
-  return MatchesReference(picture, relative);
+  return MatchesReference(picture, "../../discovery/reference/" + name);
 }
 
 class ConfigurePictures : public ConfigureViewTest, public ::testing::WithParamInterface<Family> {

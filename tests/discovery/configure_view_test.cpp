@@ -8,6 +8,7 @@
 #include "platform/ui/control_messages.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/window.h"
+#include "support/sim_fixture.h"
 
 namespace qmk::testing {
 namespace {
@@ -86,13 +87,7 @@ TEST_F(ConfigureViewTest, OkWithoutChangesKeepsTheSavedSettings) {
   comm_ = sct_config_ex{38400, 'O', 8, 1, 3, 25, 5};
   config_.tune_p8 = 71;
   EXPECT_EQ(Run(Script().Press(ui::IDOK)), ui::IDOK);
-  EXPECT_EQ(comm_.baud, 38400u);
-  EXPECT_EQ(comm_.parity, 'O');
-  EXPECT_EQ(comm_.data_bits, 8);
-  EXPECT_EQ(comm_.stop_bits, 1);
-  EXPECT_EQ(comm_.port, 3);
-  EXPECT_EQ(comm_.timeout, 25);
-  EXPECT_EQ(comm_.aux_port, 0);
+  EXPECT_EQ(CommText(comm_), "38400 O 8 1 port 3 timeout 25 aux 0");
   EXPECT_EQ(config_.tune_p8, 71) << "the model at open keeps its tune values";
   EXPECT_EQ(ModelOf(config_.feat_mask), 511);
   EXPECT_EQ(report_.tested, 0);

@@ -7,6 +7,7 @@
 #include "memory_scanner.h"
 #include "scanner/records.h"
 #include "support/scoped_env.h"
+#include "support/sim_fixture.h"
 
 namespace qmk::discovery {
 namespace {
@@ -95,13 +96,7 @@ TEST(PadLotConfig, FixedValuesAndKeptBits) {
     std::memcpy(&cfg.feat_mask, &c.before, sizeof c.before);
     ::ScnSetCfigWithPadLotInfo(7, &cfg, &comm);
     EXPECT_EQ(Word(cfg), c.after) << std::hex << c.before;
-    EXPECT_EQ(comm.baud, 9600u);
-    EXPECT_EQ(comm.parity, 'E');
-    EXPECT_EQ(comm.data_bits, 7);
-    EXPECT_EQ(comm.stop_bits, 1);
-    EXPECT_EQ(comm.port, 7);
-    EXPECT_EQ(comm.timeout, 10);
-    EXPECT_EQ(comm.aux_port, 1);
+    EXPECT_EQ(qmk::testing::CommText(comm), "9600 E 7 1 port 7 timeout 10 aux 1");
     EXPECT_EQ(cfg.bar_code_port, 1);
     EXPECT_TRUE(scanner::FeaturesOf(cfg.feat_mask).padlot());
   }

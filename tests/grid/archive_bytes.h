@@ -1,4 +1,5 @@
-// archive_bytes.h: helpers of the grid tests: storing an object to bytes and loading it back.
+// archive_bytes.h: helpers of the grid tests: a cell's text, storing an object to bytes and
+// loading it back.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +12,14 @@
 namespace grid_test {
 
 using Bytes = std::vector<uint8_t>;
+
+// What a cell shows.
+template <class Cell>
+std::string Text(const Cell& cell) {
+  std::string t;
+  cell.TextGet(t);
+  return t;
+}
 
 // Little-endian pieces for hand-built archives.
 inline void Put32(Bytes& b, uint32_t v) {

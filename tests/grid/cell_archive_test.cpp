@@ -31,8 +31,7 @@ TEST(CellArchive, VariantCellByteForByte) {
   cell.VariantSet(Variant::I4(0x01020304));
   cell.JoinSet(CSize{2, 3});
   Bytes want = BaseWords(0x40000000, 0);
-  const Bytes ex = ExWords(2, 3);
-  want.insert(want.end(), ex.begin(), ex.end());
+  Append(want, ExWords(2, 3));
   Put16(want, VT_I4);
   Put32(want, 0x01020304);
   EXPECT_EQ(Store(cell), want);
@@ -47,9 +46,7 @@ TEST(CellArchive, VariantCellByteForByte) {
 TEST(CellArchive, StringCellByteForByte) {
   CExtGridCellString cell;
   cell.TextSet("hi");
-  Bytes want = BaseWords(0x40000000, 0);
-  const Bytes ex = ExWords();
-  want.insert(want.end(), ex.begin(), ex.end());
+  Bytes want = DataCellWords();
   PutString(want, "hi");
   EXPECT_EQ(Store(cell), want);
 }

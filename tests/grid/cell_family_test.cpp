@@ -12,12 +12,6 @@ using namespace grid_test;
 
 namespace {
 
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
-
 TEST(BoolCell, TextInAndOut) {
   struct Case { const char* in; bool ok; bool value; const char* shown; };
   for (const Case& c : {Case{"True", true, true, "True"}, Case{"false", true, false, "False"},

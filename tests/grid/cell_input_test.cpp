@@ -1,19 +1,15 @@
 // cell_input_test.cpp: the locale number and currency cells and the masked string's seam.
 #include <gtest/gtest.h>
 
+#include "grid/archive_bytes.h"
 #include "platform/variant/change_type.h"
 #include "toolkit/grid/cell_input.h"
 
 using namespace qmk::toolkit::grid;
 using namespace qmk::platform;
+using namespace grid_test;
 
 namespace {
-
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
 
 TEST(SystemNumberCells, ShowTheLocaleForm) {
   struct Case { double value; int decimals; const char* number; const char* currency; };

@@ -30,12 +30,6 @@ using namespace grid_test;
 
 namespace {
 
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
-
 // Stores `cell`, compares with `want`, loads `want` into a fresh cell of the class and stores
 // that again: the same bytes.
 template <class CELL>

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "grid/archive_bytes.h"
 #include "toolkit/bitmap/bitmap.h"
 #include "toolkit/grid/cell_combo_lists.h"
 #include "toolkit/grid/cell_duration.h"
@@ -18,14 +19,9 @@
 
 using namespace qmk::toolkit::grid;
 using namespace qmk::platform;
+using namespace grid_test;
 
 namespace {
-
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
 
 TEST(UpDownCell, StepsStopAtTheRangeAndInputOutsideIsRefused) {
   CExtGridCellUpDown cell;

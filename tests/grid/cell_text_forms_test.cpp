@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "grid/archive_bytes.h"
 #include "toolkit/grid/cell_duration.h"
 #include "toolkit/grid/cell_font.h"
 #include "toolkit/grid/cell_hotkey.h"
@@ -17,14 +18,9 @@
 
 using namespace qmk::toolkit::grid;
 using namespace qmk::platform;
+using namespace grid_test;
 
 namespace {
-
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
 
 // One row: the text typed, whether the cell takes it, and what it shows afterwards. A refused
 // text is typed over `before`, which must stay.

@@ -4,19 +4,15 @@
 
 #include <cfloat>
 
+#include "grid/archive_bytes.h"
 #include "platform/variant/change_type.h"
 #include "toolkit/grid/cell_variant.h"
 
 using namespace qmk::toolkit::grid;
 using namespace qmk::platform;
+using namespace grid_test;
 
 namespace {
-
-std::string Text(const CExtGridCell& cell) {
-  std::string t;
-  cell.TextGet(t);
-  return t;
-}
 
 TEST(VariantCell, NewCellIsEmptyOfTypeZeroWithEmptyText) {
   CExtGridCellVariant cell;

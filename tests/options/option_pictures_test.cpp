@@ -1,6 +1,5 @@
 // The option dialogs as a person sees them, in one theme of each family, compared with reference
 // pictures within a tolerance. QMK_UPDATE_REFERENCES=1 writes the references anew.
-#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "support/picture_match.h"
 #include "support/theme_families.h"
 #include "options/conversion_options_view.h"
 #include "options/scanning_options_view.h"
@@ -27,55 +27,11 @@ using qmk::testing::kFamilies;
 using qmk::testing::SelectFamilyTheme;
 using qmk::testing::SelectPlainTheme;
 
-constexpr int kChannelTolerance = 48;
-constexpr int kMaxDifferentPixels = 800;
-
-
-fs::path SourceDir() {
-  const char* src = std::getenv("QMK_TEST_SOURCE_DIR");
-  return src ? fs::path(src) : fs::current_path();
-}
-
-// Pixels whose red, green or blue differ by more than the tolerance.
-int CountDifferences(const platform::DrawTarget& actual, cairo_surface_t* ref) {
-  const int stride = cairo_image_surface_get_stride(ref);
-  const unsigned char* data = cairo_image_surface_get_data(ref);
-  int bad = 0;
-  for (int y = 0; y < actual.height(); ++y)
-    for (int x = 0; x < actual.width(); ++x) {
-      const uint32_t r = *reinterpret_cast<const uint32_t*>(data + y * stride + x * 4);
-      const uint32_t want = ((r >> 16) & 0xFF) | (r & 0xFF00) | ((r & 0xFF) << 16);
-      const uint32_t got = actual.GetPixel(x, y);
-      for (int shift : {0, 8, 16})
-        if (std::abs(static_cast<int>((got >> shift) & 0xFF) - static_cast<int>((want >> shift) & 0xFF)) >
-            kChannelTolerance) {
-          ++bad;
-          break;
-        }
-    }
-  return bad;
-}
-
+// A failing run leaves its pictures in the temporary folder.
 ::testing::AssertionResult MatchesReference(const platform::DrawTarget& actual, const std::string& name) {
-  const fs::path ref = SourceDir() / "tests/options/reference" / (name + ".png");
-  if (std::getenv("QMK_UPDATE_REFERENCES")) {
-    fs::create_directories(ref.parent_path());
-    actual.WritePng(ref.string());
-  }
-  cairo_surface_t* s = cairo_image_surface_create_from_png(ref.string().c_str());
-  const bool same_size = cairo_surface_status(s) == CAIRO_STATUS_SUCCESS &&
-                         cairo_image_surface_get_width(s) == actual.width() &&
-                         cairo_image_surface_get_height(s) == actual.height();
-  const int bad = same_size ? CountDifferences(actual, s) : -1;
-  cairo_surface_destroy(s);
-  const int allowed = std::min(kMaxDifferentPixels, actual.width() * actual.height() / 100);
-  if (same_size && bad <= allowed) return ::testing::AssertionSuccess();
-  const fs::path out = fs::temp_directory_path() / "qmk-option-pictures";
-  fs::create_directories(out);
-  actual.WritePng((out / (name + ".actual.png")).string());
-  return ::testing::AssertionFailure()
-         << name << ": " << (same_size ? std::to_string(bad) + " pixels differ" : "no reference of this size")
-         << "; see " << out;
+  return qmk::testing::MatchesPicture(
+      actual, qmk::testing::SourceTree() / "tests/options/reference" / (name + ".png"),
+      {48, qmk::testing::DialogPictureAllowance(actual), fs::temp_directory_path() / "qmk-option-pictures"});
 }
 
 class OptionPictures : public OptionViewTest, public ::testing::WithParamInterface<Family> {

@@ -168,10 +168,6 @@ TEST_F(SettingsMgrTest, AKindOutsideTheFiveIsOpenButHoldsNothing) {
 
 // ---- INI kinds ----
 
-TEST_F(SettingsMgrTest, TheGlobalFileLiesInTheSharedDataFolder) {
-  EXPECT_EQ(ResolveIniPath("Global"), sandbox_.root() + "/common/quillmark/AppSettings/Global.ini");
-}
-
 TEST_F(SettingsMgrTest, WithoutASharedFolderTheGlobalFileFollowsTheRootDirectory) {
   sandbox_.Set("QMK_COMMON_DATA", "");
   EXPECT_EQ(ResolveIniPath("Global"), "/var/lib/quillmark/scanner/AppSettings/Global.ini");
@@ -180,8 +176,9 @@ TEST_F(SettingsMgrTest, WithoutASharedFolderTheGlobalFileFollowsTheRootDirectory
   EXPECT_EQ(ResolveIniPath("Global"), "/srv/scanner/AppSettings/Global.ini");
 }
 
-TEST_F(SettingsMgrTest, KeyPathsBecomeFlatFileNames) {
+TEST_F(SettingsMgrTest, FilesLieInTheSharedDataFolderAndKeyPathsBecomeFlatNames) {
   const std::string folder = sandbox_.root() + "/common/quillmark/AppSettings/";
+  EXPECT_EQ(ResolveIniPath("Global"), folder + "Global.ini");
   EXPECT_EQ(ResolveIniPath("HKCU\\Software\\Quillmark\\Plus 8"), folder + "Quillmark_Plus 8.ini");
   EXPECT_EQ(ResolveIniPath("Plain"), folder + "Plain.ini");
   EXPECT_EQ(ResolveIniPath(std::string(300, 'x')), "");  // too long for a path

@@ -25,6 +25,13 @@ inline std::vector<std::string> Journal(int first = 0) {
   return out;
 }
 
+// The line settings of a record in one line: "9600 E 7 1 port 3 timeout 10 aux 0".
+inline std::string CommText(const sct_config_ex& c) {
+  return std::to_string(c.baud) + " " + static_cast<char>(c.parity) + " " + std::to_string(c.data_bits) + " " +
+         std::to_string(c.stop_bits) + " port " + std::to_string(c.port) + " timeout " + std::to_string(c.timeout) +
+         " aux " + std::to_string(c.aux_port);
+}
+
 struct FeatureBits {
   unsigned family = 0, model_code = 0, series = 1;
   bool image_read = false, bar_code_reader = false;

@@ -157,42 +157,34 @@ TEST_F(Dialogs, ScriptReportsWhatItCannotFind) {
                           "9100: no item \"Purple\" in 102", "9100: click 2"));
 }
 
-TEST_F(Dialogs, EscapeCancelsAndKeepsTheCallersValues) {
-  QueueDialogScript(DialogScript(kOrder).Type("typed").Key(VK_ESCAPE));
-  Order o;
-  EXPECT_EQ(Run(&o), IDCANCEL);
-  EXPECT_EQ(o.name, "unset");
-}
-
-TEST_F(Dialogs, ShiftTabGoesBackwardsAndWraps) {
-  // From the name, Shift+Tab wraps to Cancel; Enter on a focused push button presses it.
-  QueueDialogScript(DialogScript(kOrder).Key(VK_TAB, kModShift).Key(VK_RETURN));
-  Order o;
-  EXPECT_EQ(Run(&o), IDCANCEL);
-}
-
-TEST_F(Dialogs, MnemonicOfALabelFocusesTheControlAfterIt) {
-  // Alt+C goes to the colour box; Down then picks the next colour.
-  QueueDialogScript(DialogScript(kOrder).Key('C', kModAlt).Key(VK_DOWN).Key(VK_RETURN));
-  Order o;
-  EXPECT_EQ(Run(&o), IDOK);
-  EXPECT_EQ(o.colour, "Green");
-}
-
-TEST_F(Dialogs, MnemonicOfARadioButtonChoosesIt) {
-  QueueDialogScript(DialogScript(kOrder).Key('L', kModAlt).Key(VK_RETURN));
-  Order o;
-  EXPECT_EQ(Run(&o), IDOK);
-  EXPECT_EQ(o.size, 105);
-}
-
-TEST_F(Dialogs, ArrowsStayInsideTheirGroup) {
-  // Up from the first radio button wraps to the last of the group, not to the colour box.
-  QueueDialogScript(DialogScript(kOrder).Key(VK_TAB).Key(VK_TAB).Key(VK_UP).Key(VK_RETURN));
-  Order o;
-  EXPECT_EQ(Run(&o), IDOK);
-  EXPECT_EQ(o.size, 105);
-  EXPECT_EQ(o.colour, "Red");
+TEST_F(Dialogs, KeysMoveThroughTheFormAsItsGroupsAndMnemonicsSay) {
+  struct Case {
+    const char* what;
+    DialogScript script;
+    intptr_t result;
+    const char* name;
+    const char* colour;
+    int size;
+  };
+  const Case cases[] = {
+      // Escape cancels, and the caller's values stay as they were.
+      {"escape", DialogScript(kOrder).Type("typed").Key(VK_ESCAPE), IDCANCEL, "unset", "unset", 0},
+      // From the name, Shift+Tab wraps to Cancel; Enter on a focused push button presses it.
+      {"shift+tab", DialogScript(kOrder).Key(VK_TAB, kModShift).Key(VK_RETURN), IDCANCEL, "unset", "unset", 0},
+      // Alt+C goes to the control after the "&Colour:" label; Down picks the next colour.
+      {"label mnemonic", DialogScript(kOrder).Key('C', kModAlt).Key(VK_DOWN).Key(VK_RETURN), IDOK, "", "Green", 103},
+      {"radio mnemonic", DialogScript(kOrder).Key('L', kModAlt).Key(VK_RETURN), IDOK, "", "Red", 105},
+      // Up from the first radio button wraps to the last of its group, not to the colour box.
+      {"arrows in a group", DialogScript(kOrder).Key(VK_TAB).Key(VK_TAB).Key(VK_UP).Key(VK_RETURN), IDOK, "", "Red", 105},
+  };
+  for (const Case& c : cases) {
+    QueueDialogScript(c.script);
+    Order o;
+    EXPECT_EQ(Run(&o), c.result) << c.what;
+    EXPECT_EQ(o.name, c.name) << c.what;
+    EXPECT_EQ(o.colour, c.colour) << c.what;
+    EXPECT_EQ(o.size, c.size) << c.what;
+  }
 }
 
 TEST_F(Dialogs, TimerTicksDuringTheModalLoop) {

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "support/picture_match.h"
+
 namespace qmk::testing {
 
 using platform::DeviceImage;
@@ -54,45 +56,12 @@ std::unique_ptr<DrawTarget> LoadPng(const std::string& path) {
   return image ? std::move(target) : nullptr;
 }
 
-static int Channel(uint32_t c, int shift) { return static_cast<int>((c >> shift) & 0xFF); }
-
-// Compares within a tolerance: a pixel differs when a channel is off by more than 24, and up to
-// one pixel in five hundred may differ (anti-aliased text edges of another font build).
+// A pixel differs when a channel is off by more than 24, and up to one pixel in five hundred may
+// differ (anti-aliased text edges of another font build).
 ::testing::AssertionResult MatchesReference(const DrawTarget& actual, const std::string& name) {
-  const fs::path ref_path = ReferenceDir() / (name + ".png");
-  const fs::path out = PictureOutputDir();
-  if (std::getenv("QMK_UPDATE_REFERENCE")) actual.WritePng(ref_path.string());
-  auto reference = LoadPng(ref_path.string());
-  if (!reference) {
-    actual.WritePng((out / (name + ".actual.png")).string());
-    return ::testing::AssertionFailure() << "no reference picture " << ref_path
-                                         << "; the actual one is in " << out;
-  }
-  if (reference->width() != actual.width() || reference->height() != actual.height()) {
-    actual.WritePng((out / (name + ".actual.png")).string());
-    return ::testing::AssertionFailure()
-           << "size " << actual.width() << "x" << actual.height() << ", reference "
-           << reference->width() << "x" << reference->height() << "; see " << out;
-  }
-  DrawTarget diff(actual.width(), actual.height());
-  long differing = 0;
-  for (int y = 0; y < actual.height(); ++y)
-    for (int x = 0; x < actual.width(); ++x) {
-      const uint32_t a = actual.GetPixel(x, y), r = reference->GetPixel(x, y);
-      int worst = 0;
-      for (int s : {0, 8, 16}) worst = std::max(worst, std::abs(Channel(a, s) - Channel(r, s)));
-      const bool off = worst > 24;
-      differing += off;
-      diff.FillRect({x, y, x + 1, y + 1}, off ? 0xFF0000FFu : 0xFFFFFFFFu);
-    }
   const long allowed = static_cast<long>(actual.width()) * actual.height() / 500;
-  if (differing > allowed) {
-    actual.WritePng((out / (name + ".actual.png")).string());
-    diff.WritePng((out / (name + ".diff.png")).string());
-    return ::testing::AssertionFailure() << differing << " pixels differ (" << allowed
-                                         << " allowed); actual and difference pictures in " << out;
-  }
-  return ::testing::AssertionSuccess();
+  return MatchesPicture(actual, ReferenceDir() / (name + ".png"),
+                        {24, allowed, PictureOutputDir(), "QMK_UPDATE_REFERENCE"});
 }
 
 }  // namespace qmk::testing

@@ -82,23 +82,6 @@ TEST_F(SampleDialog, KeyboardPersonFillsItInAndPressesEnter) {
   EXPECT_TRUE(v.print);
 }
 
-TEST_F(SampleDialog, ScriptedOperatorUsesTheRealControls) {
-  QueueDialogScript(DialogScript(kSample)
-                        .SetText(1001, "Grace")
-                        .Choose(1002, "Blue")
-                        .Choose(1010, "Third sheet")
-                        .Check(1006)
-                        .Check(1008)
-                        .Press(IDOK));
-  Values v;
-  EXPECT_EQ(Run(&v), IDOK);
-  EXPECT_EQ(v.name, "Grace");
-  EXPECT_EQ(v.colour, "Blue");
-  EXPECT_EQ(v.list, 2);
-  EXPECT_EQ(v.size, 1006);
-  EXPECT_TRUE(v.print);
-}
-
 TEST_F(SampleDialog, EscapeCancels) {
   QueueDialogScript(DialogScript(kSample).Type("gone").Key(VK_ESCAPE));
   Values v;

@@ -56,14 +56,52 @@ LRESULT RecorderProc(HWND hwnd, unsigned msg, WPARAM wp, LPARAM lp) {
 }
 
 // ---- Test controls ---------------------------------------------------------------------------
+template <class State>
+State* StateOf(HWND h) {
+  return reinterpret_cast<State*>(GetWindowLongPtr(h, GWLP_USERDATA));
+}
+
+// A control's state is made with its window and freed with it.
+template <class State>
+void KeepState(HWND h, unsigned msg) {
+  if (msg == WM_NCCREATE) SetWindowLongPtr(h, GWLP_USERDATA, reinterpret_cast<intptr_t>(new State));
+  if (msg == WM_NCDESTROY) {
+    delete StateOf<State>(h);
+    SetWindowLongPtr(h, GWLP_USERDATA, 0);
+  }
+}
+
+// Gaining or losing the focus redraws a control (its focus mark or caret).
+bool RedrawOnFocus(HWND h, unsigned msg) {
+  if (msg != WM_SETFOCUS && msg != WM_KILLFOCUS) return false;
+  InvalidateRect(h, nullptr, true);
+  return true;
+}
+
+// One WM_PAINT of a control: its client rectangle, a device context with its font selected.
+class Painting {
+ public:
+  explicit Painting(HWND h) : h_(h), dc(BeginPaint(h, &ps_)) {
+    GetClientRect(h, &r);
+    dc->SelectFont(reinterpret_cast<HFONT>(SendMessage(h, WM_GETFONT, 0, 0)));
+  }
+  ~Painting() { EndPaint(h_, &ps_); }
+
+ private:
+  HWND h_;
+  PAINTSTRUCT ps_;
+
+ public:
+  Dc* dc;
+  Rect r;
+};
+
 struct ButtonState {
   unsigned check = 0;
   bool pressed = false;
 };
 
-ButtonState* ButtonOf(HWND h) {
-  return reinterpret_cast<ButtonState*>(GetWindowLongPtr(h, GWLP_USERDATA));
-}
+ButtonState* ButtonOf(HWND h) { return StateOf<ButtonState>(h); }
 
 uint32_t Style(HWND h) { return static_cast<uint32_t>(GetWindowLongPtr(h, GWL_STYLE)); }
 
@@ -91,12 +129,10 @@ void ButtonClick(HWND h) {
 }
 
 void PaintButton(HWND h) {
-  PAINTSTRUCT ps;
-  Dc* dc = BeginPaint(h, &ps);
-  Rect r;
-  GetClientRect(h, &r);
+  Painting paint(h);
+  Dc* dc = paint.dc;
+  const Rect r = paint.r;
   const uint32_t type = Style(h) & BS_TYPEMASK;
-  dc->SelectFont(reinterpret_cast<HFONT>(SendMessage(h, WM_GETFONT, 0, 0)));
   const std::string text = GetWindowText(h);
   if (type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON) {
     dc->FillRect(r, 0xFFE1E1E1u);
@@ -115,18 +151,12 @@ void PaintButton(HWND h) {
     dc->DrawText(text, &t, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
   }
   if (GetFocus() == h) dc->DrawFocusRect({1, 1, r.right - 1, r.bottom - 1});
-  EndPaint(h, &ps);
 }
 
 LRESULT ButtonProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
+  KeepState<ButtonState>(h, msg);
+  if (RedrawOnFocus(h, msg)) return 0;
   switch (msg) {
-    case WM_NCCREATE:
-      SetWindowLongPtr(h, GWLP_USERDATA, reinterpret_cast<intptr_t>(new ButtonState));
-      break;
-    case WM_NCDESTROY:
-      delete ButtonOf(h);
-      SetWindowLongPtr(h, GWLP_USERDATA, 0);
-      break;
     case WM_GETDLGCODE: {
       const uint32_t type = Style(h) & BS_TYPEMASK;
       if (type == BS_DEFPUSHBUTTON) return DLGC_BUTTON | DLGC_DEFPUSHBUTTON;
@@ -166,10 +196,6 @@ LRESULT ButtonProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
       SetWindowLongPtr(h, GWL_STYLE, (Style(h) & ~BS_TYPEMASK) | (wp & BS_TYPEMASK));
       InvalidateRect(h, nullptr, true);
       return 0;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-      InvalidateRect(h, nullptr, true);
-      return 0;
     case WM_PAINT:
       PaintButton(h);
       return 0;
@@ -184,7 +210,7 @@ struct EditState {
   size_t anchor = 0, caret = 0;
 };
 
-EditState* EditOf(HWND h) { return reinterpret_cast<EditState*>(GetWindowLongPtr(h, GWLP_USERDATA)); }
+EditState* EditOf(HWND h) { return StateOf<EditState>(h); }
 
 void ReplaceSelection(HWND h, const std::string& with) {
   EditState* e = EditOf(h);
@@ -199,14 +225,9 @@ void ReplaceSelection(HWND h, const std::string& with) {
 }
 
 LRESULT EditProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
+  KeepState<EditState>(h, msg);
+  if (RedrawOnFocus(h, msg)) return 0;
   switch (msg) {
-    case WM_NCCREATE:
-      SetWindowLongPtr(h, GWLP_USERDATA, reinterpret_cast<intptr_t>(new EditState));
-      break;
-    case WM_NCDESTROY:
-      delete EditOf(h);
-      SetWindowLongPtr(h, GWLP_USERDATA, 0);
-      break;
     case WM_GETDLGCODE: {
       const auto* m = reinterpret_cast<const MSG*>(lp);
       if (m && m->message == WM_KEYDOWN && m->wParam == VK_RETURN && (Style(h) & ES_WANTRETURN))
@@ -264,17 +285,11 @@ LRESULT EditProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
       InvalidateRect(h, nullptr, true);
       return r;
     }
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-      InvalidateRect(h, nullptr, true);
-      return 0;
     case WM_PAINT: {
-      PAINTSTRUCT ps;
-      Dc* dc = BeginPaint(h, &ps);
-      Rect r;
-      GetClientRect(h, &r);
+      Painting paint(h);
+      Dc* dc = paint.dc;
+      const Rect r = paint.r;
       dc->FillRect(r, 0xFFFFFFFFu);
-      dc->SelectFont(reinterpret_cast<HFONT>(SendMessage(h, WM_GETFONT, 0, 0)));
       Rect t{2, 0, r.right - 2, r.bottom};
       dc->DrawText(GetWindowText(h), &t, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
       if (GetFocus() == h) {
@@ -282,7 +297,6 @@ LRESULT EditProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
         const int x = 2 + GetTextExtent(dc->font(), before).cx;
         dc->Line(x, 2, x, r.bottom - 2, 0xFF000000u);
       }
-      EndPaint(h, &ps);
       return 0;
     }
     default:
@@ -296,9 +310,7 @@ struct ComboState {
   int cur = -1;
 };
 
-ComboState* ComboOf(HWND h) {
-  return reinterpret_cast<ComboState*>(GetWindowLongPtr(h, GWLP_USERDATA));
-}
+ComboState* ComboOf(HWND h) { return StateOf<ComboState>(h); }
 
 bool SameText(const std::string& a, const char* b) {
   return b && a.size() == std::strlen(b) &&
@@ -318,14 +330,9 @@ void Select(HWND h, int index) {
 }
 
 LRESULT ComboProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
+  KeepState<ComboState>(h, msg);
+  if (RedrawOnFocus(h, msg)) return 0;
   switch (msg) {
-    case WM_NCCREATE:
-      SetWindowLongPtr(h, GWLP_USERDATA, reinterpret_cast<intptr_t>(new ComboState));
-      break;
-    case WM_NCDESTROY:
-      delete ComboOf(h);
-      SetWindowLongPtr(h, GWLP_USERDATA, 0);
-      break;
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS;
     case WM_LBUTTONDOWN:
@@ -362,26 +369,19 @@ LRESULT ComboProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
       if (wp == VK_DOWN || wp == VK_RIGHT) Select(h, ComboOf(h)->cur + 1);
       if (wp == VK_UP || wp == VK_LEFT) Select(h, ComboOf(h)->cur - 1);
       return 0;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-      InvalidateRect(h, nullptr, true);
-      return 0;
     case WM_PAINT: {
-      PAINTSTRUCT ps;
-      Dc* dc = BeginPaint(h, &ps);
-      Rect r;
-      GetClientRect(h, &r);
+      Painting paint(h);
+      Dc* dc = paint.dc;
+      const Rect r = paint.r;
       dc->FillRect(r, 0xFFFFFFFFu);
       dc->FrameRect(r, 0xFF7A7A7Au);
       dc->FillRect({r.right - r.Height(), 1, r.right - 1, r.bottom - 1}, 0xFFDDDDDDu);
-      dc->SelectFont(reinterpret_cast<HFONT>(SendMessage(h, WM_GETFONT, 0, 0)));
       const ComboState* c = ComboOf(h);
       Rect t{3, 0, r.right - r.Height() - 2, r.bottom};
       if (c->cur >= 0)
         dc->DrawText(c->items[static_cast<size_t>(c->cur)], &t,
                      DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
       if (GetFocus() == h) dc->DrawFocusRect({2, 2, r.right - r.Height() - 1, r.bottom - 2});
-      EndPaint(h, &ps);
       return 0;
     }
     default:
@@ -393,13 +393,8 @@ LRESULT ComboProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
 LRESULT StaticProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
   if (msg == WM_GETDLGCODE) return DLGC_STATIC;
   if (msg == WM_PAINT) {
-    PAINTSTRUCT ps;
-    Dc* dc = BeginPaint(h, &ps);
-    Rect r;
-    GetClientRect(h, &r);
-    dc->SelectFont(reinterpret_cast<HFONT>(SendMessage(h, WM_GETFONT, 0, 0)));
-    dc->DrawText(GetWindowText(h), &r, DT_LEFT | DT_WORDBREAK);
-    EndPaint(h, &ps);
+    Painting paint(h);
+    paint.dc->DrawText(GetWindowText(h), &paint.r, DT_LEFT | DT_WORDBREAK);
     return 0;
   }
   return DefWindowProc(h, msg, wp, lp);

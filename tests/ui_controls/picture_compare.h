@@ -1,5 +1,6 @@
 // picture_compare.h: comparing a rendered picture with a reference PNG within a tolerance, and
-// keeping the actual picture and a difference picture when they differ.
+// keeping the actual picture and a difference picture when they differ; the counts for callers
+// that weigh the differences themselves (the pixel test is support/picture_match.h's).
 #pragma once
 
 #include <cairo.h>
@@ -9,15 +10,13 @@
 #include <string>
 
 #include "platform/draw/draw_target.h"
+#include "support/picture_match.h"
 
 namespace qmk::platform::ui::controls::testing {
 
 // The folder of the reference pictures: $QMK_TEST_SOURCE_DIR/tests/ui_controls/reference.
 inline std::filesystem::path ReferenceDir() {
-  const char* root = std::getenv("QMK_TEST_SOURCE_DIR");
-  // Run by hand from the build folder, the sources are two folders up.
-  std::filesystem::path base = root ? root : "../..";
-  return base / "tests" / "ui_controls" / "reference";
+  return qmk::testing::SourceTree() / "tests" / "ui_controls" / "reference";
 }
 
 struct PictureDiff {
@@ -29,55 +28,35 @@ struct PictureDiff {
 };
 
 // Compares `actual` with the PNG at `reference`: a pixel differs when a channel is off by more
-// than `channel_tolerance`. On a difference the actual picture and a red-on-grey difference map
-// are written to `out_dir`.
+// than `channel_tolerance`. On a difference the actual picture and a difference map are written
+// to `out_dir`; without a reference, the actual picture under the reference's name.
 inline PictureDiff ComparePicture(const DrawTarget& actual, const std::filesystem::path& reference,
                                   int channel_tolerance, const std::filesystem::path& out_dir) {
   PictureDiff d;
   cairo_surface_t* ref = cairo_image_surface_create_from_png(reference.c_str());
-  if (cairo_surface_status(ref) != CAIRO_STATUS_SUCCESS) {
+  d.loaded = cairo_surface_status(ref) == CAIRO_STATUS_SUCCESS;
+  if (!d.loaded) {
     cairo_surface_destroy(ref);
     d.message = "no reference " + reference.string();
     std::filesystem::create_directories(out_dir);
     actual.WritePng((out_dir / reference.filename()).string());
     return d;
   }
-  d.loaded = true;
-  int w = cairo_image_surface_get_width(ref), h = cairo_image_surface_get_height(ref);
+  const int w = cairo_image_surface_get_width(ref), h = cairo_image_surface_get_height(ref);
   d.same_size = w == actual.width() && h == actual.height();
   d.total = w * h;
   if (!d.same_size) {
     d.message = "size differs";
   } else {
-    cairo_surface_t* diff = cairo_image_surface_create(CAIRO_FORMAT_RGB24, w, h);
-    cairo_surface_flush(ref);
-    const unsigned char* rows = cairo_image_surface_get_data(ref);
-    int stride = cairo_image_surface_get_stride(ref);
-    unsigned char* drows = cairo_image_surface_get_data(diff);
-    int dstride = cairo_image_surface_get_stride(diff);
-    for (int y = 0; y < h; ++y) {
-      for (int x = 0; x < w; ++x) {
-        uint32_t r = *reinterpret_cast<const uint32_t*>(rows + y * stride + x * 4);
-        uint32_t a = actual.GetPixel(x, y);  // red in the low byte
-        int channels[3][2] = {{static_cast<int>((r >> 16) & 0xFF), static_cast<int>(a & 0xFF)},
-                              {static_cast<int>((r >> 8) & 0xFF), static_cast<int>((a >> 8) & 0xFF)},
-                              {static_cast<int>(r & 0xFF), static_cast<int>((a >> 16) & 0xFF)}};
-        bool off = false;
-        for (auto& c : channels) off |= std::abs(c[0] - c[1]) > channel_tolerance;
-        auto* out = reinterpret_cast<uint32_t*>(drows + y * dstride + x * 4);
-        *out = off ? 0xFF0000u : 0x808080u;
-        if (off) ++d.differing;
-      }
-    }
-    cairo_surface_mark_dirty(diff);
+    DrawTarget diff(w, h);
+    d.differing = static_cast<int>(qmk::testing::CountDifferingPixels(actual, ref, channel_tolerance, diff));
     if (d.differing > 0) {
       std::filesystem::create_directories(out_dir);
-      std::string stem = reference.stem().string();
+      const std::string stem = reference.stem().string();
       actual.WritePng((out_dir / (stem + ".actual.png")).string());
-      cairo_surface_write_to_png(diff, (out_dir / (stem + ".diff.png")).c_str());
+      diff.WritePng((out_dir / (stem + ".diff.png")).string());
       d.message = std::to_string(d.differing) + " pixels differ; see " + out_dir.string();
     }
-    cairo_surface_destroy(diff);
   }
   cairo_surface_destroy(ref);
   return d;

@@ -4,8 +4,8 @@
 
 #include "platform/ui/controls/combo_box_control.h"
 #include "platform/ui/controls/icons.h"
+#include "support/picture_match.h"
 #include "ui_controls/control_fixture.h"
-#include "ui_controls/picture_compare.h"
 
 namespace qmk::platform::ui::controls::testing {
 namespace {
@@ -24,17 +24,11 @@ class RenderTest : public ControlTest {
   void Compare(HWND window, const char* name) {
     auto picture = RenderWindow(window);
     ASSERT_NE(picture, nullptr);
-    std::filesystem::path reference = ReferenceDir() / name;
-    if (std::getenv("QMK_UPDATE_REFERENCE")) {
-      std::filesystem::create_directories(reference.parent_path());
-      ASSERT_TRUE(picture->WritePng(reference.string()));
-      return;
-    }
-    PictureDiff d = ComparePicture(*picture, reference, kChannelTolerance,
-                                   std::filesystem::current_path() / "ui_controls_render");
-    ASSERT_TRUE(d.loaded) << d.message;
-    ASSERT_TRUE(d.same_size) << d.message;
-    EXPECT_LE(d.differing, static_cast<int>(d.total * kMaxDifferingShare)) << d.message;
+    const auto reference = qmk::testing::SourceTree() / "tests/ui_controls/reference" / name;
+    const long allowed = static_cast<long>(picture->width() * picture->height() * kMaxDifferingShare);
+    EXPECT_TRUE(qmk::testing::MatchesPicture(
+        *picture, reference,
+        {kChannelTolerance, allowed, std::filesystem::current_path() / "ui_controls_render", "QMK_UPDATE_REFERENCE"}));
   }
 
   HWND Add(const char* cls, const char* text, uint32_t style, int x, int y, int w, int h,
