@@ -72,6 +72,7 @@ void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
 }
 
 void RichDocumentLayout::LayoutTree(const RichRect& client) {
+  m_extentsStale = true;
   m_boxes.clear();
   m_tables.clear();
   m_outOfFlow.clear();
@@ -92,6 +93,7 @@ void RichDocumentLayout::LayoutTree(const RichRect& client) {
 
 void RichDocumentLayout::OffsetItem(CExtRichContentItem& item, int dx, int dy, bool recursive) {
   if (dx == 0 && dy == 0) return;
+  m_extentsStale = true;
   std::vector<CExtRichContentItem*> work{&item};
   while (!work.empty()) {
     CExtRichContentItem* current = work.back();

@@ -36,6 +36,7 @@ struct RichItemBox {
   int scrollX = 0, scrollY = 0;        // the scroll position of a scrolling box
   int extentWidth = 0, extentHeight = 0;  // the size of its content
   bool barH = false, barV = false;     // scroll bars shown
+  RichRect extent;  // what painting the item and all it holds may touch (UpdatePaintExtents)
 };
 
 class RichDocumentLayout {
@@ -64,6 +65,8 @@ class RichDocumentLayout {
   // The height of everything laid out (the root's box bottom).
   int DocumentHeight() const;
   const std::vector<CExtRichContentItem*>& OutOfFlow() const { return m_outOfFlow; }
+  // Brings every box's paint extent up to date after a layout or a move (the painter asks).
+  void UpdatePaintExtents();
   // Sets the scroll position of a scrolling item, clamped to its extent; false when unchanged.
   bool ScrollTo(CExtRichContentItem& item, int x, int y);
 
@@ -83,6 +86,10 @@ class RichDocumentLayout {
   void MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred);
   void AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& style, LineState& line);
   void AddAtomic(CExtRichContentItem& item, LineState& line);
+  void AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& style, LineState& line);
+  int PendingSpaceWidth(const LineState& line);
+  // Ends the line at a newline or `br`; an empty line takes the height of a line of `style`.
+  void BreakLine(const CExtRichStyleDescription& style, LineState& line);
   void FinishLine(LineState& line, bool lastOfBlock);
   void PlaceMarker(CExtRichContentItem& item, int number);
   void UniteInlineBoxes(const std::vector<CExtRichContentItem*>& inlines);
@@ -105,6 +112,7 @@ class RichDocumentLayout {
   RichRect m_client;
   CExtRichStyleDescription m_rootStyle;
   int m_depth = 0;
+  bool m_extentsStale = true;
 };
 
 }  // namespace qmk::toolkit::richcontent

@@ -13,7 +13,7 @@ namespace qmk::toolkit::richcontent {
 namespace {
 
 constexpr int kAlignCenter = 1, kAlignRight = 2, kAlignJustify = 3, kAlignJustifyAll = 4;
-constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreWrap = 4;
+constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreLine = 3, kWhitePreWrap = 4;
 // Nesting deeper than this is left out of the flow and the measure rather than exhausting the stack.
 constexpr int kMaxInlineDepth = 200;
 
@@ -26,6 +26,14 @@ const CExtRichStyleDescription* TextStyleOf(const CExtRichContentItem& item) {
 bool IsOutOfFlow(const CExtRichStyleDescription& s) {
   return s.m_enums[kPosition] == 0 || s.m_enums[kPosition] == 1 || s.m_enums[kFloat] == 0 || s.m_enums[kFloat] == 1;
 }
+
+// "pre", "pre-line" and "pre-wrap" end a line at each newline of the text.
+bool KeepsNewlines(int whiteSpace) {
+  return whiteSpace == kWhitePre || whiteSpace == kWhitePreLine || whiteSpace == kWhitePreWrap;
+}
+// "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
+bool KeepsBlanks(int whiteSpace) { return whiteSpace == kWhitePre || whiteSpace == kWhitePreWrap; }
+bool Wraps(int whiteSpace) { return whiteSpace != kWhiteNoWrap && whiteSpace != kWhitePre; }
 
 bool IsBreak(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "br"; }
 // Images are atomic boxes on the line whatever their display says.
@@ -43,10 +51,12 @@ struct RichDocumentLayout::LineState {
   bool pendingSpace = false;
   CExtRichContentItem* spaceItem = nullptr;
   const CExtRichStyleDescription* spaceStyle = nullptr;
+  size_t spaceFrom = 0;    // the blanks of the space item that follow its last newline
+  bool afterBreak = true;  // the line was begun by the block, a newline or `br`, not by wrapping
   int listNumber = 0;
   std::vector<CExtRichContentItem*> inlines;
 
-  bool Wraps() const { return whiteSpace != kWhiteNoWrap && whiteSpace != kWhitePre; }
+  bool Wraps() const { return richcontent::Wraps(whiteSpace); }
   int LineLeft() const { return area.left + (firstLine ? indent : 0); }
 };
 
@@ -62,13 +72,8 @@ int WordHeight(const CExtRichStyleDescription& s, int measured) {
 
 void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& s, LineState& line) {
   const RichTextSize size = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
-  int spaceWidth = 0;
-  if (line.pendingSpace && !line.items.empty()) {
-    // "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
-    const bool keepBlanks = line.whiteSpace == kWhitePre || line.whiteSpace == kWhitePreWrap;
-    const std::string spaces = keepBlanks ? line.spaceItem->m_strName : " ";
-    spaceWidth = m_measurer->Measure(spaces, line.spaceStyle->m_font).width + s.m_lengths[kWordSpacing];
-  }
+  int spaceWidth = PendingSpaceWidth(line);
+  if (spaceWidth > 0) spaceWidth += s.m_lengths[kWordSpacing];
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
     FinishLine(line, false);
     spaceWidth = 0;
@@ -110,7 +115,7 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
     height = ArrangeItem(item, 0, 0, width);
     width = m_boxes[&item].box.Width();
   }
-  int spaceWidth = line.pendingSpace && !line.items.empty() ? m_measurer->Measure(" ", line.spaceStyle->m_font).width : 0;
+  int spaceWidth = PendingSpaceWidth(line);
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + width > line.area.right) {
     FinishLine(line, false);
     spaceWidth = 0;
@@ -135,8 +140,42 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
   line.pendingSpace = false;
 }
 
+int RichDocumentLayout::PendingSpaceWidth(const LineState& line) {
+  if (!line.pendingSpace) return 0;
+  const bool keep = KeepsBlanks(line.spaceStyle->m_enums[kWhiteSpace]);
+  // Blanks at the start of a line show only where they are kept and the line was not wrapped.
+  if (line.items.empty() && !(keep && line.afterBreak)) return 0;
+  static const std::string kBlank = " ";
+  if (!keep) return m_measurer->Measure(kBlank, line.spaceStyle->m_font).width;
+  return m_measurer->Measure(line.spaceItem->m_strName.substr(line.spaceFrom), line.spaceStyle->m_font).width;
+}
+
+void RichDocumentLayout::AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& s, LineState& line) {
+  m_boxes[&space].box = {};
+  const std::string& text = space.m_strName;
+  size_t from = 0;
+  // Text is cut into words and spaces before any style is known, so the newlines of a run wait
+  // in its space items until the layout knows whether "white-space" keeps them.
+  if (KeepsNewlines(s.m_enums[kWhiteSpace]))
+    for (size_t newline = text.find('\n'); newline != std::string::npos; newline = text.find('\n', from)) {
+      BreakLine(s, line);
+      from = newline + 1;
+    }
+  line.pendingSpace = from < text.size();
+  line.spaceItem = &space;
+  line.spaceStyle = &s;
+  line.spaceFrom = from;
+}
+
+void RichDocumentLayout::BreakLine(const CExtRichStyleDescription& s, LineState& line) {
+  // An empty line still takes the height of a line of text.
+  if (line.items.empty()) line.y += WordHeight(s, m_measurer->Measure("M", s.m_font).height);
+  FinishLine(line, true);
+}
+
 void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
   line.pendingSpace = false;
+  line.afterBreak = lastOfBlock;
   while (!line.items.empty() && line.items.back().kind == 1) {
     m_boxes[line.items.back().item].box = {};
     line.items.pop_back();
@@ -230,10 +269,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       continue;
     }
     if (child->m_nKind == kKindSpace) {
-      m_boxes[child].box = {};
-      line.pendingSpace = true;
-      line.spaceItem = child;
-      line.spaceStyle = own;
+      AddSpace(*child, *own, line);
       continue;
     }
     if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
@@ -251,8 +287,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       continue;
     }
     if (IsBreak(*child)) {
-      if (line.items.empty()) line.y += WordHeight(*child->m_pStyle, m_measurer->Measure("M", child->m_pStyle->m_font).height);
-      FinishLine(line, true);
+      BreakLine(*child->m_pStyle, line);
       m_boxes[child].box = {line.area.left, line.y, line.area.left, line.y};
       continue;
     }
@@ -311,6 +346,8 @@ void RichDocumentLayout::MeasureItem(CExtRichContentItem& item) {
 
 void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred) {
   WidthSums sums;
+  // Lines that never wrap are as narrow as their longest run.
+  const bool wraps = !item.m_pStyle || Wraps(item.m_pStyle->m_enums[kWhiteSpace]);
   // Inline descendants add to the current run; block children end it.
   std::vector<CExtRichContentItem*> work(item.m_children.rbegin(), item.m_children.rend());
   while (!work.empty()) {
@@ -321,8 +358,12 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
       const int w = child->m_nKind == kKindWord ? MeasureShown(*m_measurer, ShownText(child->m_strName, *s), *s).width
                                                 : m_measurer->Measure(" ", s->m_font).width;
+      if (child->m_nKind == kKindSpace && KeepsNewlines(s->m_enums[kWhiteSpace]) &&
+          child->m_strName.find('\n') != std::string::npos)
+        sums.EndRun();
       sums.run += w;
       if (child->m_nKind == kKindWord) sums.minimum = std::max(sums.minimum, w);
+      if (!wraps) sums.minimum = std::max(sums.minimum, sums.run);
       continue;
     }
     if (child->m_nKind != kKindTag || !child->m_pStyle) continue;

@@ -113,6 +113,7 @@ std::vector<CExtRichContentItem*> RichContentPainter::PaintOrder(const CExtRichC
 }
 
 void RichContentPainter::PaintDocument(int dx, int dy) {
+  m_layout.UpdatePaintExtents();
   const int rotation = m_layout.Document().m_nRotation;
   if (rotation != 90 && rotation != 180 && rotation != 270) {
     PaintTree(dx, dy);
@@ -144,6 +145,11 @@ void RichContentPainter::PaintTree(int dx, int dy) {
     PaintItem(*m_postFixed[i].first, m_postFixed[i].second.first, m_postFixed[i].second.second);
 }
 
+bool RichContentPainter::OnTarget(const RichRect& extent, int dx, int dy) const {
+  return !extent.IsEmpty() && extent.right + dx > 0 && extent.bottom + dy > 0 && extent.left + dx < m_target->width() &&
+         extent.top + dy < m_target->height();
+}
+
 void RichContentPainter::PaintChildren(CExtRichContentItem& item, int dx, int dy) {
   Pending level;
   const std::vector<CExtRichContentItem*>& outOfFlow = m_layout.OutOfFlow();
@@ -164,14 +170,13 @@ void RichContentPainter::PaintChildren(CExtRichContentItem& item, int dx, int dy
 void RichContentPainter::PaintItem(CExtRichContentItem& item, int dx, int dy) {
   const RichItemBox* b = m_layout.BoxOf(&item);
   if (m_depth >= kMaxPaintDepth) return;
+  // A long document is painted a page at a time: what lies off the target, with all it holds,
+  // is passed over (its words would cost a text layout each for nothing).
+  if (b && !OnTarget(b->extent, dx, dy)) return;
   if (item.m_nKind == kKindWord) {
-    if (b && !b->box.IsEmpty()) {
-      RichRect r = b->box;
-      r.Offset(dx, dy);
-      // Words off the target cost a text layout each for nothing: a long document is painted a
-      // page at a time.
-      if (r.right > 0 && r.bottom > 0 && r.left < m_target->width() && r.top < m_target->height()) PaintWord(item, r);
-    }
+    RichRect r = b ? b->box : RichRect{};
+    r.Offset(dx, dy);
+    if (!r.IsEmpty()) PaintWord(item, r);
     return;
   }
   if (item.m_nKind == kKindSpace || (item.m_nKind != kKindRoot && item.m_nKind != kKindTag)) return;

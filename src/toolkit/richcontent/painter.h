@@ -26,6 +26,8 @@ class RichContentPainter {
  private:
   using Pending = std::vector<std::pair<CExtRichContentItem*, std::pair<int, int>>>;
   void PaintTree(int dx, int dy);
+  // Does a paint extent moved by (dx, dy) meet the target?
+  bool OnTarget(const RichRect& extent, int dx, int dy) const;
   void PaintItem(CExtRichContentItem& item, int dx, int dy);
   void PaintChildren(CExtRichContentItem& item, int dx, int dy);
   void PaintBackground(const CExtRichContentItem& item, const RichRect& borderBox);
