@@ -42,13 +42,24 @@ bool RichDocumentLayout::IsBlockLevel(int display) {
 }
 
 const RichItemBox* RichDocumentLayout::BoxOf(const CExtRichContentItem* item) const {
-  const auto found = m_boxes.find(item);
-  return found == m_boxes.end() ? nullptr : &found->second;
+  return const_cast<RichDocumentLayout*>(this)->BoxOf(item);
 }
 
 RichItemBox* RichDocumentLayout::BoxOf(const CExtRichContentItem* item) {
-  const auto found = m_boxes.find(item);
-  return found == m_boxes.end() ? nullptr : &found->second;
+  if (!item) return nullptr;
+  const size_t slot = static_cast<size_t>(item->m_nLayoutSlot);
+  if (slot < m_slotItems.size() && m_slotItems[slot] == item) return m_made[slot] ? &m_boxes[slot] : nullptr;
+  const auto found = m_looseBoxes.find(item);
+  return found == m_looseBoxes.end() ? nullptr : &found->second;
+}
+
+RichItemBox& RichDocumentLayout::BoxFor(const CExtRichContentItem* item) {
+  const size_t slot = static_cast<size_t>(item->m_nLayoutSlot);
+  if (slot < m_slotItems.size() && m_slotItems[slot] == item) {
+    m_made[slot] = 1;
+    return m_boxes[slot];
+  }
+  return m_looseBoxes[item];
 }
 
 const CExtRichTableLayout* RichDocumentLayout::TableOf(const CExtRichContentItem* item) const {
@@ -67,13 +78,21 @@ int RichDocumentLayout::DocumentHeight() const {
 void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
   m_rootStyle = CExtRichStyleDescription();
   m_rootStyle.m_font = font;
-  for (CExtRichContentItem* item : m_document.Items()) item->m_bComputed = false;
+  const std::vector<CExtRichContentItem*>& items = m_document.Items();
+  for (size_t i = 0; i < items.size(); ++i) {
+    items[i]->m_bComputed = false;
+    items[i]->m_nLayoutSlot = static_cast<int>(i);
+  }
   m_document.ComputeTree(m_rootStyle);
 }
 
 void RichDocumentLayout::LayoutTree(const RichRect& client) {
   m_extentsStale = true;
-  m_boxes.clear();
+  const std::vector<CExtRichContentItem*>& items = m_document.Items();
+  m_slotItems.assign(items.begin(), items.end());
+  m_boxes.assign(items.size(), RichItemBox());
+  m_made.assign(items.size(), 0);
+  m_looseBoxes.clear();
   m_tables.clear();
   m_outOfFlow.clear();
   m_containers.clear();
@@ -114,12 +133,12 @@ int RichDocumentLayout::WidthFor(const CExtRichContentItem& item, int available,
   if (s.m_percents[kWidth] > 0)
     return static_cast<int>((available - sides.Horizontal()) * s.m_percents[kWidth] / 100) + sides.Horizontal();
   if (!shrink) return available;
-  const RichItemBox& b = m_boxes[&item];
+  const RichItemBox& b = BoxFor(&item);
   return std::min(std::max(b.measuredMin, available), b.measuredWidth);
 }
 
 int RichDocumentLayout::ArrangeItem(CExtRichContentItem& item, int x, int y, int width) {
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   b.box = b.content = {x, y, x, y};
   const int display = DisplayOf(item);
   if (display == kDisplayNone || !item.m_pStyle || m_depth >= kMaxDepth) return 0;
@@ -147,7 +166,7 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
   if (s.m_lengths[kMinWidth] > 0 && s.m_percents[kMinWidth] <= 0) contentWidth = std::max(contentWidth, s.m_lengths[kMinWidth]);
   outer = contentWidth + sides.Horizontal();
 
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   b.box = {x, y, x + outer, y};
   b.content = {x + sides.left, y + sides.top, x + sides.left + contentWidth, y + sides.top};
   b.barH = b.barV = false;
@@ -156,7 +175,7 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
   int height = fixedHeight ? s.m_lengths[kHeight] : contentHeight;
   if (s.m_lengths[kMinHeight] > 0) height = std::max(height, s.m_lengths[kMinHeight]);
   if (s.m_lengths[kMaxHeight] >= 0) height = std::min(height, s.m_lengths[kMaxHeight]);
-  RichItemBox& again = m_boxes[&item];  // children may have grown the map
+  RichItemBox& again = BoxFor(&item);  // children may have grown the map
   again.content.bottom = again.content.top + height;
   again.box.bottom = again.content.bottom + p.bottom + bd.bottom + m.bottom;
   ApplyScrolling(item, again, contentHeight);
@@ -165,11 +184,11 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
     RichRect narrower = again.content;
     narrower.bottom = narrower.top;
     const int narrowHeight = DockAndFlow(item, narrower, again.content.Height());
-    RichItemBox& after = m_boxes[&item];
+    RichItemBox& after = BoxFor(&item);
     after.extentHeight = narrowHeight;
     after.scrollY = std::clamp(after.scrollY, 0, std::max(0, narrowHeight - after.content.Height()));
   }
-  return m_boxes[&item].box.Height();
+  return BoxFor(&item).box.Height();
 }
 
 void RichDocumentLayout::ApplyScrolling(CExtRichContentItem& item, RichItemBox& box, int contentHeight) {
@@ -220,7 +239,7 @@ int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& c
       }
       const int width = side >= 2 ? WidthFor(*child, rest.Width(), true) : rest.Width();
       const int h = ArrangeItem(*child, side == 3 ? rest.right - width : rest.left, rest.top, width);
-      RichItemBox& b = m_boxes[child];
+      RichItemBox& b = BoxFor(child);
       if (side == 0) rest.top += h;
       if (side == 1) {
         OffsetItem(*child, 0, rest.bottom - h - rest.top);
@@ -229,13 +248,13 @@ int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& c
       if (side >= 2 && height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
       if (side == 2) rest.left += b.box.Width();
       if (side == 3) rest.right -= b.box.Width();
-      lowest = std::max(lowest, m_boxes[child].box.bottom);
+      lowest = std::max(lowest, BoxFor(child).box.bottom);
     }
   for (CExtRichContentItem* child : docked) {
     const int dock = dockOf(child);
     if (dock >= 1 && dock <= 8) continue;
     ArrangeItem(*child, rest.left, rest.top, std::max(0, rest.Width()));
-    RichItemBox& b = m_boxes[child];
+    RichItemBox& b = BoxFor(child);
     if (height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
     lowest = std::max(lowest, b.box.bottom);
   }
@@ -266,7 +285,7 @@ void RichDocumentLayout::ArrangeOutOfFlow(CExtRichContentItem& item) {
   const RichRect area = position == 1 ? m_client : place.area;
   const int width = WidthFor(item, area.Width(), true);
   ArrangeItem(item, 0, 0, width);
-  const RichRect box = m_boxes[&item].box;
+  const RichRect box = BoxFor(&item).box;
   int x = area.left, y = place.staticY;
   if (s.m_enums[kFloat] == 1) x = area.right - box.Width();
   if (position == 0 || position == 1) {

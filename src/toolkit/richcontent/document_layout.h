@@ -29,6 +29,7 @@ struct RichItemBox {
   RichRect content;         // inside the padding
   int measuredMin = 0, measuredWidth = 0;  // narrowest and preferred outer widths
   bool measured = false;
+  RichTextSize text;        // a word's shown size, measured once a layout
   std::string marker;       // a list item's marker text
   int markerType = 0;       // its list-style-type
   std::string markerImage;  // the picture of "list-style-image" that stands for the marker
@@ -86,6 +87,8 @@ class RichDocumentLayout {
   void MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred);
   void AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& style, LineState& line);
   void AddAtomic(CExtRichContentItem& item, LineState& line);
+  // The shown size of a word in `style`, measured once a layout.
+  RichTextSize WordSize(const CExtRichContentItem& word, const CExtRichStyleDescription& style);
   void AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& style, LineState& line);
   int PendingSpaceWidth(const LineState& line);
   // Ends the line at a newline or `br`; an empty line takes the height of a line of `style`.
@@ -100,7 +103,15 @@ class RichDocumentLayout {
   CExtRichContentLayout& m_document;
   std::unique_ptr<RichTextMeasurer> m_ownMeasurer;
   RichTextMeasurer* m_measurer;
-  std::unordered_map<const CExtRichContentItem*, RichItemBox> m_boxes;
+  // The box of an item, made (empty) on first asking in this layout.
+  RichItemBox& BoxFor(const CExtRichContentItem* item);
+  // Boxes sit in a vector by the item's place in the document's item list, so a layout walks
+  // them in document order and a lookup is an index; items outside the list (none in a parsed
+  // document) fall back to a map.
+  std::vector<RichItemBox> m_boxes;
+  std::vector<const CExtRichContentItem*> m_slotItems;  // the item list as it was at LayoutTree
+  std::vector<char> m_made;                              // the slot's box was made this layout
+  std::unordered_map<const CExtRichContentItem*, RichItemBox> m_looseBoxes;
   std::unordered_map<const CExtRichContentItem*, std::unique_ptr<CExtRichTableLayout>> m_tables;
   std::vector<CExtRichContentItem*> m_outOfFlow;
   // Where an out-of-flow item was met: its parent's content box and the flow's height there.

@@ -71,7 +71,7 @@ int WordHeight(const CExtRichStyleDescription& s, int measured) {
 }  // namespace
 
 void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& s, LineState& line) {
-  const RichTextSize size = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
+  const RichTextSize size = WordSize(word, s);
   int spaceWidth = PendingSpaceWidth(line);
   if (spaceWidth > 0) spaceWidth += s.m_lengths[kWordSpacing];
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
@@ -106,14 +106,14 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
     const RichSides sides = OuterSidesOf(s, true);
     width = (s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength ? s.m_lengths[kWidth] : 16) + sides.Horizontal();
     height = (s.m_lengths[kHeight] >= 0 && s.m_lengths[kHeight] != kAutoLength ? s.m_lengths[kHeight] : 16) + sides.Vertical();
-    RichItemBox& b = m_boxes[&item];
+    RichItemBox& b = BoxFor(&item);
     b.box = {0, 0, width, height};
     b.content = Deflate(b.box, sides);
   } else {
     MeasureItem(item);
     width = WidthFor(item, line.area.Width(), true);
     height = ArrangeItem(item, 0, 0, width);
-    width = m_boxes[&item].box.Width();
+    width = BoxFor(&item).box.Width();
   }
   int spaceWidth = PendingSpaceWidth(line);
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + width > line.area.right) {
@@ -140,6 +140,15 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
   line.pendingSpace = false;
 }
 
+RichTextSize RichDocumentLayout::WordSize(const CExtRichContentItem& word, const CExtRichStyleDescription& s) {
+  RichItemBox& b = BoxFor(&word);
+  if (!b.measured) {
+    b.text = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
+    b.measured = true;
+  }
+  return b.text;
+}
+
 int RichDocumentLayout::PendingSpaceWidth(const LineState& line) {
   if (!line.pendingSpace) return 0;
   const bool keep = KeepsBlanks(line.spaceStyle->m_enums[kWhiteSpace]);
@@ -151,7 +160,7 @@ int RichDocumentLayout::PendingSpaceWidth(const LineState& line) {
 }
 
 void RichDocumentLayout::AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& s, LineState& line) {
-  m_boxes[&space].box = {};
+  BoxFor(&space).box = {};
   const std::string& text = space.m_strName;
   size_t from = 0;
   // Text is cut into words and spaces before any style is known, so the newlines of a run wait
@@ -177,7 +186,7 @@ void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
   line.pendingSpace = false;
   line.afterBreak = lastOfBlock;
   while (!line.items.empty() && line.items.back().kind == 1) {
-    m_boxes[line.items.back().item].box = {};
+    BoxFor(line.items.back().item).box = {};
     line.items.pop_back();
   }
   if (line.items.empty()) return;
@@ -199,7 +208,7 @@ void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
   const int needed = AlignLine(line.items, height);
   if (needed > height) height = needed;
   for (const LineItem& i : line.items) {
-    RichItemBox& b = m_boxes[i.item];
+    RichItemBox& b = BoxFor(i.item);
     if (i.kind == 2 && i.item->m_nKind == kKindTag) {
       OffsetItem(*i.item, i.box.left - b.box.left, i.box.top - b.box.top);
     } else {
@@ -213,7 +222,7 @@ void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
 }
 
 void RichDocumentLayout::PlaceMarker(CExtRichContentItem& item, int number) {
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   const CExtRichStyleDescription& s = *item.m_pStyle;
   b.markerType = s.m_enums[kListType];
   b.marker = ListMarkerText(b.markerType, number, true);
@@ -255,7 +264,7 @@ void RichDocumentLayout::UniteInlineBoxes(const std::vector<CExtRichContentItem*
              std::max(all.right, c->box.right), std::max(all.bottom, c->box.bottom)};
       any = true;
     }
-    m_boxes[*at].box = m_boxes[*at].content = all;
+    BoxFor(*at).box = BoxFor(*at).content = all;
   }
 }
 
@@ -275,7 +284,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
     if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
     const int display = DisplayOf(*child);
     if (display == kDisplayNone) {
-      m_boxes[child].box = {};
+      BoxFor(child).box = {};
       continue;
     }
     if (display == kDisplayDock) continue;  // placed by DockAndFlow
@@ -288,7 +297,7 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
     }
     if (IsBreak(*child)) {
       BreakLine(*child->m_pStyle, line);
-      m_boxes[child].box = {line.area.left, line.y, line.area.left, line.y};
+      BoxFor(child).box = {line.area.left, line.y, line.area.left, line.y};
       continue;
     }
     if (display == kDisplayInline && !IsImage(*child)) {
@@ -337,10 +346,10 @@ struct WidthSums {
 }  // namespace
 
 void RichDocumentLayout::MeasureItem(CExtRichContentItem& item) {
-  if (m_boxes[&item].measured || m_depth >= kMaxInlineDepth) return;
-  m_boxes[&item].measured = true;
+  if (BoxFor(&item).measured || m_depth >= kMaxInlineDepth) return;
+  BoxFor(&item).measured = true;
   ++m_depth;
-  MeasureChildren(item, m_boxes[&item].measuredMin, m_boxes[&item].measuredWidth);
+  MeasureChildren(item, BoxFor(&item).measuredMin, BoxFor(&item).measuredWidth);
   --m_depth;
 }
 
@@ -356,8 +365,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     const CExtRichStyleDescription* s = TextStyleOf(*child);
     if (!s) continue;
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
-      const int w = child->m_nKind == kKindWord ? MeasureShown(*m_measurer, ShownText(child->m_strName, *s), *s).width
-                                                : m_measurer->Measure(" ", s->m_font).width;
+      const int w = child->m_nKind == kKindWord ? WordSize(*child, *s).width : m_measurer->Measure(" ", s->m_font).width;
       if (child->m_nKind == kKindSpace && KeepsNewlines(s->m_enums[kWhiteSpace]) &&
           child->m_strName.find('\n') != std::string::npos)
         sums.EndRun();
@@ -375,7 +383,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
       work.insert(work.end(), child->m_children.rbegin(), child->m_children.rend());
     } else {
       MeasureItem(*child);
-      const RichItemBox& c = m_boxes[child];
+      const RichItemBox& c = BoxFor(child);
       sums.minimum = std::max(sums.minimum, c.measuredMin);
       if (IsBlockLevel(display)) {
         sums.EndRun();
@@ -401,15 +409,15 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     for (const TableCell& cell : table.m_cells) {
       MeasureItem(*cell.item);
       if (cell.span.m_nColSpan != 1) continue;
-      mins[cell.column] = std::max(mins[cell.column], m_boxes[cell.item].measuredMin);
-      prefs[cell.column] = std::max(prefs[cell.column], m_boxes[cell.item].measuredWidth);
+      mins[cell.column] = std::max(mins[cell.column], BoxFor(cell.item).measuredMin);
+      prefs[cell.column] = std::max(prefs[cell.column], BoxFor(cell.item).measuredWidth);
     }
     const int spacing = s.m_enums[kBorderCollapse] == 0 ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
     for (const TableCell& cell : table.m_cells) {
       if (cell.span.m_nColSpan == 1) continue;
       const int count = std::min(cell.span.m_nColSpan, table.ColumnCount() - cell.column);
-      SpreadSpanned(mins, cell.column, count, m_boxes[cell.item].measuredMin - spacing * (count - 1));
-      SpreadSpanned(prefs, cell.column, count, m_boxes[cell.item].measuredWidth - spacing * (count - 1));
+      SpreadSpanned(mins, cell.column, count, BoxFor(cell.item).measuredMin - spacing * (count - 1));
+      SpreadSpanned(prefs, cell.column, count, BoxFor(cell.item).measuredWidth - spacing * (count - 1));
     }
     const int gaps = (table.ColumnCount() + 1) * spacing;
     sums.minimum = gaps;

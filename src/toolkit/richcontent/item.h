@@ -121,6 +121,7 @@ class CExtRichContentItem {
   unsigned m_nTextFlags = 0;
   bool m_bBlockDisplay = false;  // the plain text form's paragraph
   bool m_bInvisible = false;
+  int m_nLayoutSlot = -1;  // the item's place in its layout's item list when last laid out
 
  private:
   bool FlushStyleDeclaration(std::string& name, std::string& value);
