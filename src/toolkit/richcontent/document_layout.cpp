@@ -78,21 +78,36 @@ int RichDocumentLayout::DocumentHeight() const {
 void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
   m_rootStyle = CExtRichStyleDescription();
   m_rootStyle.m_font = font;
-  const std::vector<CExtRichContentItem*>& items = m_document.Items();
-  for (size_t i = 0; i < items.size(); ++i) {
-    items[i]->m_bComputed = false;
-    items[i]->m_nLayoutSlot = static_cast<int>(i);
+  m_slotItems.clear();
+  m_docks.clear();
+  CExtRichContentItem* root = m_document.Root();
+  if (root) {
+    // One walk, depth first and without recursion, gives every item of the tree its slot and
+    // every element its style, and notes the boxes with docked children: a long document does
+    // not fit the processor's caches, so each walk over it costs.
+    std::vector<std::pair<CExtRichContentItem*, const CExtRichStyleDescription*>> work{{root, &m_rootStyle}};
+    while (!work.empty()) {
+      auto [item, parentStyle] = work.back();
+      work.pop_back();
+      item->m_nLayoutSlot = static_cast<int>(m_slotItems.size());
+      m_slotItems.push_back(item);
+      // Words and spaces are drawn in their element's style; they keep none of their own.
+      if (item->m_nKind == kKindWord || item->m_nKind == kKindSpace) continue;
+      item->m_bComputed = false;
+      const CExtRichStyleDescription& style = item->ComputeStyle(*parentStyle);
+      if (item->m_nKind == kKindTag && style.Display() == kDisplayDock && item->m_pParent) m_docks.insert(item->m_pParent);
+      for (auto child = item->m_children.rbegin(); child != item->m_children.rend(); ++child)
+        work.emplace_back(*child, &style);
+    }
   }
-  m_document.ComputeTree(m_rootStyle);
+  // Styles changed: the boxes are made again.
+  m_boxes.assign(m_slotItems.size(), RichItemBox());
+  m_made.assign(m_slotItems.size(), 0);
+  m_looseBoxes.clear();
 }
 
 void RichDocumentLayout::LayoutTree(const RichRect& client) {
   m_extentsStale = true;
-  const std::vector<CExtRichContentItem*>& items = m_document.Items();
-  m_slotItems.assign(items.begin(), items.end());
-  m_boxes.assign(items.size(), RichItemBox());
-  m_made.assign(items.size(), 0);
-  m_looseBoxes.clear();
   m_tables.clear();
   m_outOfFlow.clear();
   m_containers.clear();
@@ -217,10 +232,10 @@ void RichDocumentLayout::ApplyScrolling(CExtRichContentItem& item, RichItemBox& 
 }
 
 int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& content, int height) {
+  if (!m_docks.count(&item)) return FlowChildren(item, content);
   std::vector<CExtRichContentItem*> docked;
   for (CExtRichContentItem* child : item.m_children)
     if (child->m_nKind == kKindTag && DisplayOf(*child) == kDisplayDock) docked.push_back(child);
-  if (docked.empty()) return FlowChildren(item, content);
   // The "pre-" sides take their room first, then the other sides, then the fill children share
   // what is left; the ordinary flow goes into that rest as well.
   RichRect rest = content;

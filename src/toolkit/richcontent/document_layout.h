@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "toolkit/richcontent/box_model.h"
@@ -112,6 +113,7 @@ class RichDocumentLayout {
   std::vector<const CExtRichContentItem*> m_slotItems;  // the item list as it was at LayoutTree
   std::vector<char> m_made;                              // the slot's box was made this layout
   std::unordered_map<const CExtRichContentItem*, RichItemBox> m_looseBoxes;
+  std::unordered_set<const CExtRichContentItem*> m_docks;  // items with docked children
   std::unordered_map<const CExtRichContentItem*, std::unique_ptr<CExtRichTableLayout>> m_tables;
   std::vector<CExtRichContentItem*> m_outOfFlow;
   // Where an out-of-flow item was met: its parent's content box and the flow's height there.

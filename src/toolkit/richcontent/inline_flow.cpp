@@ -357,12 +357,18 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
   WidthSums sums;
   // Lines that never wrap are as narrow as their longest run.
   const bool wraps = !item.m_pStyle || Wraps(item.m_pStyle->m_enums[kWhiteSpace]);
-  // Inline descendants add to the current run; block children end it.
-  std::vector<CExtRichContentItem*> work(item.m_children.rbegin(), item.m_children.rend());
+  // Inline descendants add to the current run; block children end it. Each child goes with the
+  // style its text is drawn in, so a word's own record is not read again for it.
+  std::vector<std::pair<CExtRichContentItem*, const CExtRichStyleDescription*>> work;
+  const auto pushChildren = [&work](CExtRichContentItem& parent, const CExtRichStyleDescription* style) {
+    for (auto child = parent.m_children.rbegin(); child != parent.m_children.rend(); ++child)
+      work.emplace_back(*child, style);
+  };
+  pushChildren(item, TextStyleOf(item));
   while (!work.empty()) {
-    CExtRichContentItem* child = work.back();
+    auto [child, s] = work.back();
     work.pop_back();
-    const CExtRichStyleDescription* s = TextStyleOf(*child);
+    if (child->m_nKind == kKindTag && child->m_pStyle) s = child->m_pStyle;
     if (!s) continue;
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
       const int w = child->m_nKind == kKindWord ? WordSize(*child, *s).width : m_measurer->Measure(" ", s->m_font).width;
@@ -380,7 +386,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     if (IsBreak(*child)) {
       sums.EndRun();
     } else if (display == kDisplayInline && !IsImage(*child)) {
-      work.insert(work.end(), child->m_children.rbegin(), child->m_children.rend());
+      pushChildren(*child, s);
     } else {
       MeasureItem(*child);
       const RichItemBox& c = BoxFor(child);
