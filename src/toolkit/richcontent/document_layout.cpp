@@ -62,6 +62,16 @@ RichItemBox& RichDocumentLayout::BoxFor(const CExtRichContentItem* item) {
   return m_looseBoxes[item];
 }
 
+CExtRichTableLayout& RichDocumentLayout::TableFor(CExtRichContentItem& table) {
+  // Gathered once a layout: measuring and arranging both need the rows and cells.
+  std::unique_ptr<CExtRichTableLayout>& kept = m_tables[&table];
+  if (!kept) {
+    kept = std::make_unique<CExtRichTableLayout>();
+    kept->Gather(table);
+  }
+  return *kept;
+}
+
 const CExtRichTableLayout* RichDocumentLayout::TableOf(const CExtRichContentItem* item) const {
   const auto found = m_tables.find(item);
   return found == m_tables.end() ? nullptr : found->second.get();
@@ -80,6 +90,7 @@ void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
   m_rootStyle.m_font = font;
   m_slotItems.clear();
   m_docks.clear();
+  m_blankStyle = nullptr;  // a style made again may come back at the address of an old one
   CExtRichContentItem* root = m_document.Root();
   if (root) {
     // One walk, depth first and without recursion, gives every item of the tree its slot and

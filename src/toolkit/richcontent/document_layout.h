@@ -80,6 +80,7 @@ class RichDocumentLayout {
   struct LineState;
   int ArrangeBlock(CExtRichContentItem& item, int x, int y, int width);
   int ArrangeTable(CExtRichContentItem& table, int x, int y, int width);
+  CExtRichTableLayout& TableFor(CExtRichContentItem& table);
   int FlowChildren(CExtRichContentItem& item, const RichRect& content);
   // Places the docked children at the sides of `content` (`height` -1 when not fixed), then
   // flows the others in what is left. Returns the content height used.
@@ -92,6 +93,8 @@ class RichDocumentLayout {
   RichTextSize WordSize(const CExtRichContentItem& word, const CExtRichStyleDescription& style);
   void AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& style, LineState& line);
   int PendingSpaceWidth(const LineState& line);
+  // The size of one blank in `style`.
+  RichTextSize BlankSize(const CExtRichStyleDescription& style);
   // Ends the line at a newline or `br`; an empty line takes the height of a line of `style`.
   void BreakLine(const CExtRichStyleDescription& style, LineState& line);
   void FinishLine(LineState& line, bool lastOfBlock);
@@ -126,6 +129,8 @@ class RichDocumentLayout {
   CExtRichStyleDescription m_rootStyle;
   int m_depth = 0;
   bool m_extentsStale = true;
+  const CExtRichStyleDescription* m_blankStyle = nullptr;  // the style of the last blank measured
+  RichTextSize m_blankSize;
 };
 
 }  // namespace qmk::toolkit::richcontent

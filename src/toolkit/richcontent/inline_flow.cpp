@@ -124,7 +124,7 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
     LineItem space;
     space.kind = 1;
     space.item = line.spaceItem;
-    space.box = {line.x, 0, line.x + spaceWidth, m_measurer->Measure(" ", line.spaceStyle->m_font).height};
+    space.box = {line.x, 0, line.x + spaceWidth, BlankSize(*line.spaceStyle).height};
     line.items.push_back(space);
     line.x += spaceWidth;
   }
@@ -149,13 +149,22 @@ RichTextSize RichDocumentLayout::WordSize(const CExtRichContentItem& word, const
   return b.text;
 }
 
+RichTextSize RichDocumentLayout::BlankSize(const CExtRichStyleDescription& s) {
+  // The spaces of a paragraph come one after the other in the same style: the last answer is
+  // kept, which spares a cache lookup for each of them.
+  if (m_blankStyle != &s) {
+    m_blankStyle = &s;
+    m_blankSize = m_measurer->Measure(" ", s.m_font);
+  }
+  return m_blankSize;
+}
+
 int RichDocumentLayout::PendingSpaceWidth(const LineState& line) {
   if (!line.pendingSpace) return 0;
   const bool keep = KeepsBlanks(line.spaceStyle->m_enums[kWhiteSpace]);
   // Blanks at the start of a line show only where they are kept and the line was not wrapped.
   if (line.items.empty() && !(keep && line.afterBreak)) return 0;
-  static const std::string kBlank = " ";
-  if (!keep) return m_measurer->Measure(kBlank, line.spaceStyle->m_font).width;
+  if (!keep) return BlankSize(*line.spaceStyle).width;
   return m_measurer->Measure(line.spaceItem->m_strName.substr(line.spaceFrom), line.spaceStyle->m_font).width;
 }
 
@@ -371,7 +380,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     if (child->m_nKind == kKindTag && child->m_pStyle) s = child->m_pStyle;
     if (!s) continue;
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
-      const int w = child->m_nKind == kKindWord ? WordSize(*child, *s).width : m_measurer->Measure(" ", s->m_font).width;
+      const int w = child->m_nKind == kKindWord ? WordSize(*child, *s).width : BlankSize(*s).width;
       if (child->m_nKind == kKindSpace && KeepsNewlines(s->m_enums[kWhiteSpace]) &&
           child->m_strName.find('\n') != std::string::npos)
         sums.EndRun();
@@ -409,8 +418,7 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
   const int sides = OuterSidesOf(s, true).Horizontal();
   if (const int display = DisplayOf(item); display == kDisplayTable || display == kDisplayInlineTable) {
     // A table's widths are those of its rows side by side.
-    CExtRichTableLayout table;
-    table.Gather(item);
+    const CExtRichTableLayout& table = TableFor(item);
     std::vector<int> mins(table.ColumnCount(), 0), prefs(table.ColumnCount(), 0);
     for (const TableCell& cell : table.m_cells) {
       MeasureItem(*cell.item);

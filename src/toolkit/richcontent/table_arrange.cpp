@@ -45,10 +45,8 @@ std::vector<CExtRichContentItem*> CaptionsOf(const CExtRichContentItem& table, b
 
 int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, int width) {
   const CExtRichStyleDescription& s = *table.m_pStyle;
-  auto owned = std::make_unique<CExtRichTableLayout>();
-  CExtRichTableLayout& t = *owned;
-  m_tables[&table] = std::move(owned);
-  const int columns = t.Gather(table);
+  CExtRichTableLayout& t = TableFor(table);
+  const int columns = t.ColumnCount();
   // Collapsed borders have no horizontal spacing; the rows keep the vertical one.
   const bool collapse = s.m_enums[kBorderCollapse] == 0;
   t.m_nSpacingX = collapse ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
