@@ -56,7 +56,12 @@ RichItemBox* RichDocumentLayout::BoxOf(const CExtRichContentItem* item) {
 RichItemBox& RichDocumentLayout::BoxFor(const CExtRichContentItem* item) {
   const size_t slot = static_cast<size_t>(item->m_nLayoutSlot);
   if (slot < m_slotItems.size() && m_slotItems[slot] == item) {
-    m_made[slot] = 1;
+    // A box is cleared when it is first asked for, while its memory is being fetched anyway,
+    // rather than in a pass of its own over every box.
+    if (!m_made[slot]) {
+      m_made[slot] = 1;
+      m_boxes[slot] = RichItemBox();
+    }
     return m_boxes[slot];
   }
   return m_looseBoxes[item];
@@ -112,7 +117,7 @@ void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
     }
   }
   // Styles changed: the boxes are made again.
-  m_boxes.assign(m_slotItems.size(), RichItemBox());
+  m_boxes.resize(m_slotItems.size());
   m_made.assign(m_slotItems.size(), 0);
   m_looseBoxes.clear();
 }
