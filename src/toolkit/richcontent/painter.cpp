@@ -305,7 +305,7 @@ void RichContentPainter::PaintWord(const CExtRichContentItem& word, const RichRe
   const platform::FontSpec font = FontSpecOf(s->m_font);
   const int spacing = s->m_lengths[kLetterSpacing];
   if (spacing == 0 || spacing == kNoValue || shown.size() < 2) {
-    platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
+    DrawWordText(box, shown, font, colour);
   } else {
     // Spaced letters are drawn one by one, each followed by the spacing.
     int x = box.left;
@@ -321,6 +321,35 @@ void RichContentPainter::PaintWord(const CExtRichContentItem& word, const RichRe
     const int mid = box.top + box.Height() / 2;
     m_target->FillRect({box.left, mid, box.right, mid + thickness}, colour);
   }
+}
+
+void RichContentPainter::DrawWordText(const RichRect& box, const std::string& shown, const platform::FontSpec& font,
+                                      uint32_t colour) {
+  if (!m_target->RectVisible(ToDraw(box))) return;
+  // A word drawn in a box of its own size gives the same pixels wherever the box is, and a
+  // document repeats its words: each is drawn once into a picture that is then laid on the
+  // target at every place it shows.
+  std::string key = shown;
+  key += '\0';
+  key += font.face;
+  for (long long v : {static_cast<long long>(font.pixels * 64), static_cast<long long>(font.bold),
+                      static_cast<long long>(font.italic), static_cast<long long>(colour),
+                      static_cast<long long>(box.Width()), static_cast<long long>(box.Height())}) {
+    key += '\0';
+    key += std::to_string(v);
+  }
+  auto found = m_words.find(key);
+  if (found == m_words.end()) {
+    if (m_words.size() >= kMaxKeptWords) {
+      platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
+      return;
+    }
+    platform::DrawTarget picture(box.Width(), box.Height());
+    if (!picture.ok()) return;
+    platform::DrawText(picture, {0, 0, box.Width(), box.Height()}, shown, font, colour);
+    found = m_words.emplace(std::move(key), platform::DeviceImage::Create(picture.Pixels())).first;
+  }
+  if (found->second) m_target->AlphaBlend(*found->second, ToDraw(box), {0, 0, box.Width(), box.Height()}, 255);
 }
 
 void RichContentPainter::PaintScrollBars(const CExtRichContentItem& item, const RichItemBox& b, int dx, int dy) {

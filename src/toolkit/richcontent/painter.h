@@ -2,10 +2,14 @@
 // docking and delayed order, backgrounds, borders, list markers, words and scroll bars.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "platform/draw/draw_target.h"
+#include "platform/draw/text.h"
 #include "toolkit/richcontent/document_layout.h"
 
 namespace qmk::toolkit::richcontent {
@@ -34,6 +38,8 @@ class RichContentPainter {
   void PaintBorders(const CExtRichContentItem& item, const RichRect& borderBox);
   void PaintMarker(const CExtRichContentItem& item, const RichItemBox& box, int dx, int dy);
   void PaintWord(const CExtRichContentItem& word, const RichRect& box);
+  // Draws a word's text through the pictures of words drawn before.
+  void DrawWordText(const RichRect& box, const std::string& shown, const platform::FontSpec& font, uint32_t colour);
   void PaintScrollBars(const CExtRichContentItem& item, const RichItemBox& box, int dx, int dy);
   void PushClip(const RichRect& r);
   void PopClip();
@@ -43,6 +49,9 @@ class RichContentPainter {
   std::vector<RichRect> m_clips;
   Pending m_preFixed, m_postFixed;
   int m_depth = 0;
+  // Pictures of the words drawn so far, by text, font, colour and box size; a bounded number.
+  static constexpr size_t kMaxKeptWords = 4096;
+  std::unordered_map<std::string, std::unique_ptr<platform::DeviceImage>> m_words;
 };
 
 }  // namespace qmk::toolkit::richcontent
