@@ -107,6 +107,14 @@ TEST(WhiteSpace, PreFromTheDefaultSheetAndFromASheetLookAlike) {
   }
 }
 
+TEST(WhiteSpace, IsInheritedFromAnOuterBlock) {
+  LaidOut doc("<html><head><style>div.w { white-space: pre-line }</style></head><body>"
+              "<div class=w><p>ab\ncd <b>ef\ngh</b></p></div></body></html>");
+  EXPECT_EQ(doc.WordBox("cd").top, doc.WordBox("ab").bottom);
+  EXPECT_EQ(doc.WordBox("gh").top, doc.WordBox("ef").bottom) << "an inline element's newline ends the line too";
+  EXPECT_EQ(doc.WordBox("gh").left, doc.WordBox("ab").left);
+}
+
 TEST(WhiteSpace, WrappedLinesOfPreWrapDropTheirLeadingBlank) {
   LaidOut doc(WithWhiteSpace("pre-wrap", "abcd efgh", 1), 40);
   EXPECT_EQ(doc.WordBox("efgh").left, doc.WordBox("abcd").left);
