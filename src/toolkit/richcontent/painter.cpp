@@ -340,7 +340,8 @@ void RichContentPainter::DrawWordText(const RichRect& box, const std::string& sh
   }
   auto found = m_words.find(key);
   if (found == m_words.end()) {
-    if (m_words.size() >= kMaxKeptWords) {
+    const size_t pixels = static_cast<size_t>(box.Width()) * static_cast<size_t>(box.Height());
+    if (m_keptPixels + pixels > kMaxKeptPixels) {
       platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
       return;
     }
@@ -348,6 +349,7 @@ void RichContentPainter::DrawWordText(const RichRect& box, const std::string& sh
     if (!picture.ok()) return;
     platform::DrawText(picture, {0, 0, box.Width(), box.Height()}, shown, font, colour);
     found = m_words.emplace(std::move(key), platform::DeviceImage::Create(picture.Pixels())).first;
+    m_keptPixels += pixels;
   }
   if (found->second) m_target->AlphaBlend(*found->second, ToDraw(box), {0, 0, box.Width(), box.Height()}, 255);
 }

@@ -49,8 +49,10 @@ class RichContentPainter {
   std::vector<RichRect> m_clips;
   Pending m_preFixed, m_postFixed;
   int m_depth = 0;
-  // Pictures of the words drawn so far, by text, font, colour and box size; a bounded number.
-  static constexpr size_t kMaxKeptWords = 4096;
+  // Pictures of the words drawn so far, by text, font, colour and box size, up to about 8 MB of
+  // them (a picture keeps two surfaces of four bytes a pixel).
+  static constexpr size_t kMaxKeptPixels = size_t{1} << 20;
+  size_t m_keptPixels = 0;
   std::unordered_map<std::string, std::unique_ptr<platform::DeviceImage>> m_words;
 };
 
