@@ -9,9 +9,7 @@
 #include "toolkit/richcontent/doc_objects.h"
 #include "toolkit/richcontent/layout.h"
 
-#ifdef QMK_BENCH_LITEHTML
-#include <litehtml.h>
-#endif
+#include "litehtml_host.h"
 
 namespace {
 
@@ -70,8 +68,9 @@ BENCHMARK(BM_RichContentParseCascade)->Arg(1 << 20)->Unit(benchmark::kMillisecon
 
 #ifdef QMK_BENCH_LITEHTML
 // A container that measures nothing and draws nothing: only parsing and styling are timed.
-class NullContainer : public litehtml::document_container {
+class NullContainer : public qmk::bench::LitehtmlPageHost {
  public:
+  NullContainer() : LitehtmlPageHost(800, 600, "sans") {}
   litehtml::uint_ptr create_font(const litehtml::tchar_t*, int size, int, litehtml::font_style, unsigned int,
                                  litehtml::font_metrics* fm) override {
     if (fm) {
@@ -82,53 +81,11 @@ class NullContainer : public litehtml::document_container {
     }
     return 1;
   }
-  void delete_font(litehtml::uint_ptr) override {}
   int text_width(const litehtml::tchar_t* text, litehtml::uint_ptr) override {
     return static_cast<int>(std::char_traits<litehtml::tchar_t>::length(text)) * 7;
   }
   void draw_text(litehtml::uint_ptr, const litehtml::tchar_t*, litehtml::uint_ptr, litehtml::web_color,
                  const litehtml::position&) override {}
-  int pt_to_px(int pt) const override { return pt * 96 / 72; }
-  int get_default_font_size() const override { return 13; }
-  const litehtml::tchar_t* get_default_font_name() const override { return "sans"; }
-  void draw_list_marker(litehtml::uint_ptr, const litehtml::list_marker&) override {}
-  void load_image(const litehtml::tchar_t*, const litehtml::tchar_t*, bool) override {}
-  void get_image_size(const litehtml::tchar_t*, const litehtml::tchar_t*, litehtml::size& sz) override {
-    sz.width = sz.height = 0;
-  }
-  void draw_background(litehtml::uint_ptr, const litehtml::background_paint&) override {}
-  void draw_borders(litehtml::uint_ptr, const litehtml::borders&, const litehtml::position&, bool) override {}
-  void set_caption(const litehtml::tchar_t*) override {}
-  void set_base_url(const litehtml::tchar_t*) override {}
-  void link(const std::shared_ptr<litehtml::document>&, const litehtml::element::ptr&) override {}
-  void on_anchor_click(const litehtml::tchar_t*, const litehtml::element::ptr&) override {}
-  void set_cursor(const litehtml::tchar_t*) override {}
-  void transform_text(litehtml::tstring&, litehtml::text_transform) override {}
-  void import_css(litehtml::tstring&, const litehtml::tstring&, litehtml::tstring&) override {}
-  void set_clip(const litehtml::position&, const litehtml::border_radiuses&, bool, bool) override {}
-  void del_clip() override {}
-  void get_client_rect(litehtml::position& client) const override {
-    client.x = client.y = 0;
-    client.width = 800;
-    client.height = 600;
-  }
-  std::shared_ptr<litehtml::element> create_element(const litehtml::tchar_t*, const litehtml::string_map&,
-                                                    const std::shared_ptr<litehtml::document>&) override {
-    return nullptr;
-  }
-  void get_media_features(litehtml::media_features& media) const override {
-    media.type = litehtml::media_type_screen;
-    media.width = media.device_width = 800;
-    media.height = media.device_height = 600;
-    media.color = 8;
-    media.monochrome = 0;
-    media.color_index = 256;
-    media.resolution = 96;
-  }
-  void get_language(litehtml::tstring& language, litehtml::tstring& culture) const override {
-    language = "en";
-    culture.clear();
-  }
 };
 
 // The same document, with the same default sheet as the master sheet.

@@ -9,9 +9,10 @@
 #include "toolkit/richcontent/doc_objects.h"
 #include "toolkit/richcontent/painter.h"
 
+#include "litehtml_host.h"
+
 #ifdef QMK_BENCH_LITEHTML
 #include <cairo.h>
-#include <litehtml.h>
 #include <pango/pangocairo.h>
 
 #include <memory>
@@ -87,8 +88,9 @@ BENCHMARK(BM_LayoutGrowth)->RangeMultiplier(2)->Range(10, 160)->Unit(benchmark::
 #ifdef QMK_BENCH_LITEHTML
 // A litehtml host that measures and draws text with pango on the cairo context it is handed,
 // and fills backgrounds, borders and markers: the same kind of work as the painter above.
-class CairoContainer : public litehtml::document_container {
+class CairoContainer : public qmk::bench::LitehtmlPageHost {
  public:
+  CairoContainer() : LitehtmlPageHost(600, 800, "DejaVu Sans") {}
   ~CairoContainer() {
     for (PangoFontDescription* f : m_fonts) pango_font_description_free(f);
     g_object_unref(m_measure);
@@ -114,7 +116,6 @@ class CairoContainer : public litehtml::document_container {
     }
     return reinterpret_cast<litehtml::uint_ptr>(f);
   }
-  void delete_font(litehtml::uint_ptr) override {}
   int text_width(const litehtml::tchar_t* text, litehtml::uint_ptr font) override {
     pango_layout_set_font_description(m_measure, reinterpret_cast<PangoFontDescription*>(font));
     pango_layout_set_text(m_measure, text, -1);
@@ -134,15 +135,8 @@ class CairoContainer : public litehtml::document_container {
     pango_cairo_show_layout(cr, layout);
     g_object_unref(layout);
   }
-  int pt_to_px(int pt) const override { return pt * 96 / 72; }
-  int get_default_font_size() const override { return 13; }
-  const litehtml::tchar_t* get_default_font_name() const override { return "DejaVu Sans"; }
   void draw_list_marker(litehtml::uint_ptr hdc, const litehtml::list_marker& m) override {
     Fill(hdc, m.pos, m.color);
-  }
-  void load_image(const litehtml::tchar_t*, const litehtml::tchar_t*, bool) override {}
-  void get_image_size(const litehtml::tchar_t*, const litehtml::tchar_t*, litehtml::size& sz) override {
-    sz.width = sz.height = 0;
   }
   void draw_background(litehtml::uint_ptr hdc, const litehtml::background_paint& bg) override {
     if (bg.color.alpha) Fill(hdc, bg.border_box, bg.color);
@@ -152,33 +146,6 @@ class CairoContainer : public litehtml::document_container {
     if (b.bottom.width) Fill(hdc, {p.x, p.bottom() - b.bottom.width, p.width, b.bottom.width}, b.bottom.color);
     if (b.left.width) Fill(hdc, {p.x, p.y, b.left.width, p.height}, b.left.color);
     if (b.right.width) Fill(hdc, {p.right() - b.right.width, p.y, b.right.width, p.height}, b.right.color);
-  }
-  void set_caption(const litehtml::tchar_t*) override {}
-  void set_base_url(const litehtml::tchar_t*) override {}
-  void link(const std::shared_ptr<litehtml::document>&, const litehtml::element::ptr&) override {}
-  void on_anchor_click(const litehtml::tchar_t*, const litehtml::element::ptr&) override {}
-  void set_cursor(const litehtml::tchar_t*) override {}
-  void transform_text(litehtml::tstring&, litehtml::text_transform) override {}
-  void import_css(litehtml::tstring&, const litehtml::tstring&, litehtml::tstring&) override {}
-  void set_clip(const litehtml::position&, const litehtml::border_radiuses&, bool, bool) override {}
-  void del_clip() override {}
-  void get_client_rect(litehtml::position& client) const override { client = {0, 0, 600, 800}; }
-  std::shared_ptr<litehtml::element> create_element(const litehtml::tchar_t*, const litehtml::string_map&,
-                                                    const std::shared_ptr<litehtml::document>&) override {
-    return nullptr;
-  }
-  void get_media_features(litehtml::media_features& media) const override {
-    media.type = litehtml::media_type_screen;
-    media.width = media.device_width = 600;
-    media.height = media.device_height = 800;
-    media.color = 8;
-    media.monochrome = 0;
-    media.color_index = 256;
-    media.resolution = 96;
-  }
-  void get_language(litehtml::tstring& language, litehtml::tstring& culture) const override {
-    language = "en";
-    culture.clear();
   }
 
  private:

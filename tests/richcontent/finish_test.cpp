@@ -64,6 +64,69 @@ TEST(PreText, PreWrapKeepsBlanksAndStillWraps) {
   EXPECT_EQ(narrow.WordBox("efgh").top, narrow.WordBox("abcd").bottom) << "pre-wrap still breaks lines";
 }
 
+// The same paragraph with its "white-space" given by a style element, a style attribute, or
+// (for `pre`) the default sheet: newlines, blanks and wrapping must not depend on the source.
+std::string WithWhiteSpace(const std::string& value, const std::string& text, int source) {
+  if (source == 0) return "<html><head><style>p.w { white-space: " + value + " }</style></head><body><p class=w>" + text + "</p></body></html>";
+  return "<html><body><p style=\"white-space: " + value + "\">" + text + "</p></body></html>";
+}
+
+TEST(WhiteSpace, BehavesTheSameFromASheetOrAStyleAttribute) {
+  struct Case {
+    const char* value;
+    bool newlineBreaks, blanksKept, wraps;
+  };
+  const Case cases[] = {{"normal", false, false, true}, {"nowrap", false, false, false}, {"pre", true, true, false},
+                        {"pre-line", true, false, true}, {"pre-wrap", true, true, true}};
+  for (const Case& c : cases)
+    for (int source : {0, 1}) {
+      const std::string where = std::string(c.value) + (source == 0 ? " from a sheet" : " from an attribute");
+      LaidOut lines(WithWhiteSpace(c.value, "ab   cd\nef", source));
+      const RichRect ab = lines.WordBox("ab"), cd = lines.WordBox("cd"), ef = lines.WordBox("ef");
+      EXPECT_EQ(cd.left - ab.right, c.blanksKept ? 3 * 8 : 8) << where;
+      if (c.newlineBreaks) {
+        EXPECT_EQ(ef.top, ab.bottom) << where;
+        EXPECT_EQ(ef.left, ab.left) << where;
+      } else {
+        EXPECT_EQ(ef.top, ab.top) << where;
+        EXPECT_EQ(ef.left, cd.right + 8) << where;
+      }
+      LaidOut narrow(WithWhiteSpace(c.value, "abcd efgh", source), 40);
+      EXPECT_EQ(narrow.WordBox("efgh").top, c.wraps ? narrow.WordBox("abcd").bottom : narrow.WordBox("abcd").top) << where;
+    }
+}
+
+TEST(WhiteSpace, PreFromTheDefaultSheetAndFromASheetLookAlike) {
+  LaidOut tag("<pre>ab\n  cd\n\nef</pre>");
+  LaidOut sheet(WithWhiteSpace("pre", "ab\n  cd\n\nef", 0));
+  for (LaidOut* doc : {&tag, &sheet}) {
+    const RichRect ab = doc->WordBox("ab"), cd = doc->WordBox("cd"), ef = doc->WordBox("ef");
+    EXPECT_EQ(cd.left - ab.left, 2 * 8) << "the blanks that start a line are kept";
+    EXPECT_EQ(cd.top, ab.bottom);
+    EXPECT_EQ(ef.top, cd.bottom + 16) << "an empty line keeps its height";
+  }
+}
+
+TEST(WhiteSpace, IsInheritedFromAnOuterBlock) {
+  LaidOut doc("<html><head><style>div.w { white-space: pre-line }</style></head><body>"
+              "<div class=w><p>ab\ncd <b>ef\ngh</b></p></div></body></html>");
+  EXPECT_EQ(doc.WordBox("cd").top, doc.WordBox("ab").bottom);
+  EXPECT_EQ(doc.WordBox("gh").top, doc.WordBox("ef").bottom) << "an inline element's newline ends the line too";
+  EXPECT_EQ(doc.WordBox("gh").left, doc.WordBox("ab").left);
+}
+
+TEST(WhiteSpace, WrappedLinesOfPreWrapDropTheirLeadingBlank) {
+  LaidOut doc(WithWhiteSpace("pre-wrap", "abcd efgh", 1), 40);
+  EXPECT_EQ(doc.WordBox("efgh").left, doc.WordBox("abcd").left);
+}
+
+TEST(WhiteSpace, TextThatNeverWrapsWidensItsTableCell) {
+  LaidOut doc("<html><head><style>td { white-space: nowrap }</style></head><body>"
+              "<table style=\"border-spacing: 0\"><tr><td id=a>aaaa bbbb cccc</td></tr></table></body></html>", 60);
+  EXPECT_EQ(doc.Box(doc.ById("a")).Width(), 14 * 8);
+  EXPECT_EQ(doc.WordBox("cccc").top, doc.WordBox("aaaa").top);
+}
+
 TEST(Captions, SitAboveOrBelowTheGridInsideTheTable) {
   LaidOut top("<table style=\"border-spacing: 0\"><caption id=c>title</caption><tr><td id=a>x</td></tr></table>");
   const RichRect caption = top.Box(top.ById("c")), cell = top.Box(top.ById("a"));

@@ -2,6 +2,10 @@
 // through scroll bars, the ancestor clipping test and focus side effects.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "richcontent/layout_fixture.h"
 #include "toolkit/richcontent/border_painter.h"
 #include "toolkit/richcontent/hit_test.h"
@@ -118,6 +122,54 @@ TEST(Painting, ScrolledContentIsClippedToItsBox) {
   EXPECT_EQ(PixelOf(d, 60, 60, 5, 25), 0xFFFFFFu);  // below the box: clipped away
   d.layout.ScrollTo(*d.ById("s"), 0, 10);
   EXPECT_EQ(PixelOf(d, 60, 60, 5, 7), 0x00FF00u);
+}
+
+// A long document is painted a window at a time: every window must show what the whole page
+// shows there, though items wholly outside the window are passed over.
+TEST(Painting, WindowsShowWhatTheWholePageShows) {
+  std::string body;
+  for (int i = 0; i < 12; ++i)
+    body += "<ul><li style=\"color: #c00000\">item " + std::to_string(i) + "</li></ul>"
+            "<p style=\"outline: 3px solid #00a000; margin: 4px\">one <span style=\"color: #0000c0\">one</span> two</p>";
+  LaidOut d("<html><body>" + body + "</body></html>", 120);
+  const int height = d.layout.DocumentHeight();
+  ASSERT_GT(height, 200);
+  platform::DrawTarget whole(120, height);
+  whole.FillRect({0, 0, 120, height}, kWhite);
+  RichContentPainter(d.layout, whole).PaintDocument();
+  platform::DrawTarget window(120, 50);
+  RichContentPainter painter(d.layout, window);
+  for (int top = 0; top < height; top += 37) {  // windows that cut through lines and boxes
+    window.FillRect({0, 0, 120, 50}, kWhite);
+    painter.PaintDocument(0, -top);
+    for (int y = 0; y < 50 && top + y < height; ++y)
+      for (int x = 0; x < 120; ++x)
+        ASSERT_EQ(window.GetPixel(x, y), whole.GetPixel(x, top + y)) << x << "," << top + y;
+  }
+}
+
+TEST(Painting, TheSameWordInAnotherColourIsDrawnInItsOwn) {
+  LaidOut d("<html><body><span style=\"color: #ff0000\">mmmm</span> <span style=\"color: #0000ff\">mmmm</span></body></html>", 200);
+  platform::DrawTarget target(200, 40);
+  target.FillRect({0, 0, 200, 40}, kWhite);
+  RichContentPainter(d.layout, target).PaintDocument();
+  std::vector<const CExtRichContentItem*> words;
+  for (const CExtRichContentItem* item : d.document.Items())
+    if (item->m_nKind == kKindWord) words.push_back(item);
+  ASSERT_EQ(words.size(), 2u);
+  // The strongest ink of each word: red in the low byte, blue in the third.
+  for (size_t w = 0; w < 2; ++w) {
+    const RichRect box = d.Box(words[w]);
+    int red = 0, blue = 0;
+    for (int y = box.top; y < box.bottom; ++y)
+      for (int x = box.left; x < box.right; ++x) {
+        const uint32_t p = target.GetPixel(x, y);
+        red = std::max(red, static_cast<int>(p & 0xFF) - static_cast<int>((p >> 16) & 0xFF));
+        blue = std::max(blue, static_cast<int>((p >> 16) & 0xFF) - static_cast<int>(p & 0xFF));
+      }
+    EXPECT_GT(w == 0 ? red : blue, 100) << w;
+    EXPECT_EQ(w == 0 ? blue : red, 0) << w;
+  }
 }
 
 TEST(HitTesting, FindsTheInnermostItem) {

@@ -59,7 +59,7 @@ TEST_P(RenderDocuments, MatchesItsReference) {
 
 INSTANTIATE_TEST_SUITE_P(Documents, RenderDocuments,
                          ::testing::Values("flow", "borders", "tables", "lists", "scrolling", "docked", "rotated_90",
-                                           "finish"));
+                                           "finish", "whitespace"));
 
 }  // namespace
 }  // namespace qmk::toolkit::richcontent

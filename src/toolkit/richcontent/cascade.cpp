@@ -119,6 +119,15 @@ void CExtRichContentItem::ApplyDeclarations(CExtRichStyleRule& rule, const CExtR
 // not its length.
 const CExtRichStyleDescription& CExtRichContentItem::ComputeStyle(const CExtRichStyleDescription& parentStyle) {
   if (m_bComputed && m_pStyle) return *m_pStyle;
+  if (IsElement() && m_bFilled && m_pRule) {
+    // Laid out again: the rule is kept, and its style under this parent style most likely too,
+    // so neither is copied.
+    if (const CExtRichStyleDescription* known = m_pLayout->KnownStyle(m_pRule, &parentStyle, m_bBlockDisplay)) {
+      m_pStyle = known;
+      m_bComputed = true;
+      return *m_pStyle;
+    }
+  }
   CExtRichStyleDescription style;
   if (IsElement()) {
     CExtRichStyleRule rule;

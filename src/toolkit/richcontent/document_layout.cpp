@@ -42,13 +42,39 @@ bool RichDocumentLayout::IsBlockLevel(int display) {
 }
 
 const RichItemBox* RichDocumentLayout::BoxOf(const CExtRichContentItem* item) const {
-  const auto found = m_boxes.find(item);
-  return found == m_boxes.end() ? nullptr : &found->second;
+  return const_cast<RichDocumentLayout*>(this)->BoxOf(item);
 }
 
 RichItemBox* RichDocumentLayout::BoxOf(const CExtRichContentItem* item) {
-  const auto found = m_boxes.find(item);
-  return found == m_boxes.end() ? nullptr : &found->second;
+  if (!item) return nullptr;
+  const size_t slot = static_cast<size_t>(item->m_nLayoutSlot);
+  if (slot < m_slotItems.size() && m_slotItems[slot] == item) return m_made[slot] ? &m_boxes[slot] : nullptr;
+  const auto found = m_looseBoxes.find(item);
+  return found == m_looseBoxes.end() ? nullptr : &found->second;
+}
+
+RichItemBox& RichDocumentLayout::BoxFor(const CExtRichContentItem* item) {
+  const size_t slot = static_cast<size_t>(item->m_nLayoutSlot);
+  if (slot < m_slotItems.size() && m_slotItems[slot] == item) {
+    // A box is cleared when it is first asked for, while its memory is being fetched anyway,
+    // rather than in a pass of its own over every box.
+    if (!m_made[slot]) {
+      m_made[slot] = 1;
+      m_boxes[slot] = RichItemBox();
+    }
+    return m_boxes[slot];
+  }
+  return m_looseBoxes[item];
+}
+
+CExtRichTableLayout& RichDocumentLayout::TableFor(CExtRichContentItem& table) {
+  // Gathered once a layout: measuring and arranging both need the rows and cells.
+  std::unique_ptr<CExtRichTableLayout>& kept = m_tables[&table];
+  if (!kept) {
+    kept = std::make_unique<CExtRichTableLayout>();
+    kept->Gather(table);
+  }
+  return *kept;
 }
 
 const CExtRichTableLayout* RichDocumentLayout::TableOf(const CExtRichContentItem* item) const {
@@ -67,12 +93,37 @@ int RichDocumentLayout::DocumentHeight() const {
 void RichDocumentLayout::ComputeTree(const CExtRichFontDescription& font) {
   m_rootStyle = CExtRichStyleDescription();
   m_rootStyle.m_font = font;
-  for (CExtRichContentItem* item : m_document.Items()) item->m_bComputed = false;
-  m_document.ComputeTree(m_rootStyle);
+  m_slotItems.clear();
+  m_docks.clear();
+  m_blankStyle = nullptr;  // a style made again may come back at the address of an old one
+  CExtRichContentItem* root = m_document.Root();
+  if (root) {
+    // One walk, depth first and without recursion, gives every item of the tree its slot and
+    // every element its style, and notes the boxes with docked children: a long document does
+    // not fit the processor's caches, so each walk over it costs.
+    std::vector<std::pair<CExtRichContentItem*, const CExtRichStyleDescription*>> work{{root, &m_rootStyle}};
+    while (!work.empty()) {
+      auto [item, parentStyle] = work.back();
+      work.pop_back();
+      item->m_nLayoutSlot = static_cast<int>(m_slotItems.size());
+      m_slotItems.push_back(item);
+      // Words and spaces are drawn in their element's style; they keep none of their own.
+      if (item->m_nKind == kKindWord || item->m_nKind == kKindSpace) continue;
+      item->m_bComputed = false;
+      const CExtRichStyleDescription& style = item->ComputeStyle(*parentStyle);
+      if (item->m_nKind == kKindTag && style.Display() == kDisplayDock && item->m_pParent) m_docks.insert(item->m_pParent);
+      for (auto child = item->m_children.rbegin(); child != item->m_children.rend(); ++child)
+        work.emplace_back(*child, &style);
+    }
+  }
+  // Styles changed: the boxes are made again.
+  m_boxes.resize(m_slotItems.size());
+  m_made.assign(m_slotItems.size(), 0);
+  m_looseBoxes.clear();
 }
 
 void RichDocumentLayout::LayoutTree(const RichRect& client) {
-  m_boxes.clear();
+  m_extentsStale = true;
   m_tables.clear();
   m_outOfFlow.clear();
   m_containers.clear();
@@ -92,6 +143,7 @@ void RichDocumentLayout::LayoutTree(const RichRect& client) {
 
 void RichDocumentLayout::OffsetItem(CExtRichContentItem& item, int dx, int dy, bool recursive) {
   if (dx == 0 && dy == 0) return;
+  m_extentsStale = true;
   std::vector<CExtRichContentItem*> work{&item};
   while (!work.empty()) {
     CExtRichContentItem* current = work.back();
@@ -112,12 +164,12 @@ int RichDocumentLayout::WidthFor(const CExtRichContentItem& item, int available,
   if (s.m_percents[kWidth] > 0)
     return static_cast<int>((available - sides.Horizontal()) * s.m_percents[kWidth] / 100) + sides.Horizontal();
   if (!shrink) return available;
-  const RichItemBox& b = m_boxes[&item];
+  const RichItemBox& b = BoxFor(&item);
   return std::min(std::max(b.measuredMin, available), b.measuredWidth);
 }
 
 int RichDocumentLayout::ArrangeItem(CExtRichContentItem& item, int x, int y, int width) {
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   b.box = b.content = {x, y, x, y};
   const int display = DisplayOf(item);
   if (display == kDisplayNone || !item.m_pStyle || m_depth >= kMaxDepth) return 0;
@@ -145,7 +197,7 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
   if (s.m_lengths[kMinWidth] > 0 && s.m_percents[kMinWidth] <= 0) contentWidth = std::max(contentWidth, s.m_lengths[kMinWidth]);
   outer = contentWidth + sides.Horizontal();
 
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   b.box = {x, y, x + outer, y};
   b.content = {x + sides.left, y + sides.top, x + sides.left + contentWidth, y + sides.top};
   b.barH = b.barV = false;
@@ -154,7 +206,7 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
   int height = fixedHeight ? s.m_lengths[kHeight] : contentHeight;
   if (s.m_lengths[kMinHeight] > 0) height = std::max(height, s.m_lengths[kMinHeight]);
   if (s.m_lengths[kMaxHeight] >= 0) height = std::min(height, s.m_lengths[kMaxHeight]);
-  RichItemBox& again = m_boxes[&item];  // children may have grown the map
+  RichItemBox& again = BoxFor(&item);  // children may have grown the map
   again.content.bottom = again.content.top + height;
   again.box.bottom = again.content.bottom + p.bottom + bd.bottom + m.bottom;
   ApplyScrolling(item, again, contentHeight);
@@ -163,11 +215,11 @@ int RichDocumentLayout::ArrangeBlock(CExtRichContentItem& item, int x, int y, in
     RichRect narrower = again.content;
     narrower.bottom = narrower.top;
     const int narrowHeight = DockAndFlow(item, narrower, again.content.Height());
-    RichItemBox& after = m_boxes[&item];
+    RichItemBox& after = BoxFor(&item);
     after.extentHeight = narrowHeight;
     after.scrollY = std::clamp(after.scrollY, 0, std::max(0, narrowHeight - after.content.Height()));
   }
-  return m_boxes[&item].box.Height();
+  return BoxFor(&item).box.Height();
 }
 
 void RichDocumentLayout::ApplyScrolling(CExtRichContentItem& item, RichItemBox& box, int contentHeight) {
@@ -196,10 +248,10 @@ void RichDocumentLayout::ApplyScrolling(CExtRichContentItem& item, RichItemBox& 
 }
 
 int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& content, int height) {
+  if (!m_docks.count(&item)) return FlowChildren(item, content);
   std::vector<CExtRichContentItem*> docked;
   for (CExtRichContentItem* child : item.m_children)
     if (child->m_nKind == kKindTag && DisplayOf(*child) == kDisplayDock) docked.push_back(child);
-  if (docked.empty()) return FlowChildren(item, content);
   // The "pre-" sides take their room first, then the other sides, then the fill children share
   // what is left; the ordinary flow goes into that rest as well.
   RichRect rest = content;
@@ -218,7 +270,7 @@ int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& c
       }
       const int width = side >= 2 ? WidthFor(*child, rest.Width(), true) : rest.Width();
       const int h = ArrangeItem(*child, side == 3 ? rest.right - width : rest.left, rest.top, width);
-      RichItemBox& b = m_boxes[child];
+      RichItemBox& b = BoxFor(child);
       if (side == 0) rest.top += h;
       if (side == 1) {
         OffsetItem(*child, 0, rest.bottom - h - rest.top);
@@ -227,13 +279,13 @@ int RichDocumentLayout::DockAndFlow(CExtRichContentItem& item, const RichRect& c
       if (side >= 2 && height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
       if (side == 2) rest.left += b.box.Width();
       if (side == 3) rest.right -= b.box.Width();
-      lowest = std::max(lowest, m_boxes[child].box.bottom);
+      lowest = std::max(lowest, BoxFor(child).box.bottom);
     }
   for (CExtRichContentItem* child : docked) {
     const int dock = dockOf(child);
     if (dock >= 1 && dock <= 8) continue;
     ArrangeItem(*child, rest.left, rest.top, std::max(0, rest.Width()));
-    RichItemBox& b = m_boxes[child];
+    RichItemBox& b = BoxFor(child);
     if (height >= 0) b.box.bottom = std::max(b.box.bottom, rest.bottom);
     lowest = std::max(lowest, b.box.bottom);
   }
@@ -264,7 +316,7 @@ void RichDocumentLayout::ArrangeOutOfFlow(CExtRichContentItem& item) {
   const RichRect area = position == 1 ? m_client : place.area;
   const int width = WidthFor(item, area.Width(), true);
   ArrangeItem(item, 0, 0, width);
-  const RichRect box = m_boxes[&item].box;
+  const RichRect box = BoxFor(&item).box;
   int x = area.left, y = place.staticY;
   if (s.m_enums[kFloat] == 1) x = area.right - box.Width();
   if (position == 0 || position == 1) {

@@ -13,7 +13,7 @@ namespace qmk::toolkit::richcontent {
 namespace {
 
 constexpr int kAlignCenter = 1, kAlignRight = 2, kAlignJustify = 3, kAlignJustifyAll = 4;
-constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreWrap = 4;
+constexpr int kWhiteNoWrap = 1, kWhitePre = 2, kWhitePreLine = 3, kWhitePreWrap = 4;
 // Nesting deeper than this is left out of the flow and the measure rather than exhausting the stack.
 constexpr int kMaxInlineDepth = 200;
 
@@ -26,6 +26,14 @@ const CExtRichStyleDescription* TextStyleOf(const CExtRichContentItem& item) {
 bool IsOutOfFlow(const CExtRichStyleDescription& s) {
   return s.m_enums[kPosition] == 0 || s.m_enums[kPosition] == 1 || s.m_enums[kFloat] == 0 || s.m_enums[kFloat] == 1;
 }
+
+// "pre", "pre-line" and "pre-wrap" end a line at each newline of the text.
+bool KeepsNewlines(int whiteSpace) {
+  return whiteSpace == kWhitePre || whiteSpace == kWhitePreLine || whiteSpace == kWhitePreWrap;
+}
+// "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
+bool KeepsBlanks(int whiteSpace) { return whiteSpace == kWhitePre || whiteSpace == kWhitePreWrap; }
+bool Wraps(int whiteSpace) { return whiteSpace != kWhiteNoWrap && whiteSpace != kWhitePre; }
 
 bool IsBreak(const CExtRichContentItem& item) { return item.m_nKind == kKindTag && item.m_strName == "br"; }
 // Images are atomic boxes on the line whatever their display says.
@@ -43,10 +51,12 @@ struct RichDocumentLayout::LineState {
   bool pendingSpace = false;
   CExtRichContentItem* spaceItem = nullptr;
   const CExtRichStyleDescription* spaceStyle = nullptr;
+  size_t spaceFrom = 0;    // the blanks of the space item that follow its last newline
+  bool afterBreak = true;  // the line was begun by the block, a newline or `br`, not by wrapping
   int listNumber = 0;
   std::vector<CExtRichContentItem*> inlines;
 
-  bool Wraps() const { return whiteSpace != kWhiteNoWrap && whiteSpace != kWhitePre; }
+  bool Wraps() const { return richcontent::Wraps(whiteSpace); }
   int LineLeft() const { return area.left + (firstLine ? indent : 0); }
 };
 
@@ -61,14 +71,9 @@ int WordHeight(const CExtRichStyleDescription& s, int measured) {
 }  // namespace
 
 void RichDocumentLayout::AddWord(CExtRichContentItem& word, const CExtRichStyleDescription& s, LineState& line) {
-  const RichTextSize size = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
-  int spaceWidth = 0;
-  if (line.pendingSpace && !line.items.empty()) {
-    // "pre" and "pre-wrap" keep a run of blanks as wide as it is; the others show one blank.
-    const bool keepBlanks = line.whiteSpace == kWhitePre || line.whiteSpace == kWhitePreWrap;
-    const std::string spaces = keepBlanks ? line.spaceItem->m_strName : " ";
-    spaceWidth = m_measurer->Measure(spaces, line.spaceStyle->m_font).width + s.m_lengths[kWordSpacing];
-  }
+  const RichTextSize size = WordSize(word, s);
+  int spaceWidth = PendingSpaceWidth(line);
+  if (spaceWidth > 0) spaceWidth += s.m_lengths[kWordSpacing];
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + size.width > line.area.right) {
     FinishLine(line, false);
     spaceWidth = 0;
@@ -101,16 +106,16 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
     const RichSides sides = OuterSidesOf(s, true);
     width = (s.m_lengths[kWidth] >= 0 && s.m_lengths[kWidth] != kAutoLength ? s.m_lengths[kWidth] : 16) + sides.Horizontal();
     height = (s.m_lengths[kHeight] >= 0 && s.m_lengths[kHeight] != kAutoLength ? s.m_lengths[kHeight] : 16) + sides.Vertical();
-    RichItemBox& b = m_boxes[&item];
+    RichItemBox& b = BoxFor(&item);
     b.box = {0, 0, width, height};
     b.content = Deflate(b.box, sides);
   } else {
     MeasureItem(item);
     width = WidthFor(item, line.area.Width(), true);
     height = ArrangeItem(item, 0, 0, width);
-    width = m_boxes[&item].box.Width();
+    width = BoxFor(&item).box.Width();
   }
-  int spaceWidth = line.pendingSpace && !line.items.empty() ? m_measurer->Measure(" ", line.spaceStyle->m_font).width : 0;
+  int spaceWidth = PendingSpaceWidth(line);
   if (line.Wraps() && !line.items.empty() && line.x + spaceWidth + width > line.area.right) {
     FinishLine(line, false);
     spaceWidth = 0;
@@ -119,7 +124,7 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
     LineItem space;
     space.kind = 1;
     space.item = line.spaceItem;
-    space.box = {line.x, 0, line.x + spaceWidth, m_measurer->Measure(" ", line.spaceStyle->m_font).height};
+    space.box = {line.x, 0, line.x + spaceWidth, BlankSize(*line.spaceStyle).height};
     line.items.push_back(space);
     line.x += spaceWidth;
   }
@@ -135,10 +140,62 @@ void RichDocumentLayout::AddAtomic(CExtRichContentItem& item, LineState& line) {
   line.pendingSpace = false;
 }
 
+RichTextSize RichDocumentLayout::WordSize(const CExtRichContentItem& word, const CExtRichStyleDescription& s) {
+  RichItemBox& b = BoxFor(&word);
+  if (!b.measured) {
+    b.text = MeasureShown(*m_measurer, ShownText(word.m_strName, s), s);
+    b.measured = true;
+  }
+  return b.text;
+}
+
+RichTextSize RichDocumentLayout::BlankSize(const CExtRichStyleDescription& s) {
+  // The spaces of a paragraph come one after the other in the same style: the last answer is
+  // kept, which spares a cache lookup for each of them.
+  if (m_blankStyle != &s) {
+    m_blankStyle = &s;
+    m_blankSize = m_measurer->Measure(" ", s.m_font);
+  }
+  return m_blankSize;
+}
+
+int RichDocumentLayout::PendingSpaceWidth(const LineState& line) {
+  if (!line.pendingSpace) return 0;
+  const bool keep = KeepsBlanks(line.spaceStyle->m_enums[kWhiteSpace]);
+  // Blanks at the start of a line show only where they are kept and the line was not wrapped.
+  if (line.items.empty() && !(keep && line.afterBreak)) return 0;
+  if (!keep) return BlankSize(*line.spaceStyle).width;
+  return m_measurer->Measure(line.spaceItem->m_strName.substr(line.spaceFrom), line.spaceStyle->m_font).width;
+}
+
+void RichDocumentLayout::AddSpace(CExtRichContentItem& space, const CExtRichStyleDescription& s, LineState& line) {
+  BoxFor(&space).box = {};
+  const std::string& text = space.m_strName;
+  size_t from = 0;
+  // Text is cut into words and spaces before any style is known, so the newlines of a run wait
+  // in its space items until the layout knows whether "white-space" keeps them.
+  if (KeepsNewlines(s.m_enums[kWhiteSpace]))
+    for (size_t newline = text.find('\n'); newline != std::string::npos; newline = text.find('\n', from)) {
+      BreakLine(s, line);
+      from = newline + 1;
+    }
+  line.pendingSpace = from < text.size();
+  line.spaceItem = &space;
+  line.spaceStyle = &s;
+  line.spaceFrom = from;
+}
+
+void RichDocumentLayout::BreakLine(const CExtRichStyleDescription& s, LineState& line) {
+  // An empty line still takes the height of a line of text.
+  if (line.items.empty()) line.y += WordHeight(s, m_measurer->Measure("M", s.m_font).height);
+  FinishLine(line, true);
+}
+
 void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
   line.pendingSpace = false;
+  line.afterBreak = lastOfBlock;
   while (!line.items.empty() && line.items.back().kind == 1) {
-    m_boxes[line.items.back().item].box = {};
+    BoxFor(line.items.back().item).box = {};
     line.items.pop_back();
   }
   if (line.items.empty()) return;
@@ -160,7 +217,7 @@ void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
   const int needed = AlignLine(line.items, height);
   if (needed > height) height = needed;
   for (const LineItem& i : line.items) {
-    RichItemBox& b = m_boxes[i.item];
+    RichItemBox& b = BoxFor(i.item);
     if (i.kind == 2 && i.item->m_nKind == kKindTag) {
       OffsetItem(*i.item, i.box.left - b.box.left, i.box.top - b.box.top);
     } else {
@@ -174,7 +231,7 @@ void RichDocumentLayout::FinishLine(LineState& line, bool lastOfBlock) {
 }
 
 void RichDocumentLayout::PlaceMarker(CExtRichContentItem& item, int number) {
-  RichItemBox& b = m_boxes[&item];
+  RichItemBox& b = BoxFor(&item);
   const CExtRichStyleDescription& s = *item.m_pStyle;
   b.markerType = s.m_enums[kListType];
   b.marker = ListMarkerText(b.markerType, number, true);
@@ -216,7 +273,7 @@ void RichDocumentLayout::UniteInlineBoxes(const std::vector<CExtRichContentItem*
              std::max(all.right, c->box.right), std::max(all.bottom, c->box.bottom)};
       any = true;
     }
-    m_boxes[*at].box = m_boxes[*at].content = all;
+    BoxFor(*at).box = BoxFor(*at).content = all;
   }
 }
 
@@ -230,16 +287,13 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       continue;
     }
     if (child->m_nKind == kKindSpace) {
-      m_boxes[child].box = {};
-      line.pendingSpace = true;
-      line.spaceItem = child;
-      line.spaceStyle = own;
+      AddSpace(*child, *own, line);
       continue;
     }
     if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
     const int display = DisplayOf(*child);
     if (display == kDisplayNone) {
-      m_boxes[child].box = {};
+      BoxFor(child).box = {};
       continue;
     }
     if (display == kDisplayDock) continue;  // placed by DockAndFlow
@@ -251,9 +305,8 @@ void RichDocumentLayout::FlowInline(CExtRichContentItem& element, LineState& lin
       continue;
     }
     if (IsBreak(*child)) {
-      if (line.items.empty()) line.y += WordHeight(*child->m_pStyle, m_measurer->Measure("M", child->m_pStyle->m_font).height);
-      FinishLine(line, true);
-      m_boxes[child].box = {line.area.left, line.y, line.area.left, line.y};
+      BreakLine(*child->m_pStyle, line);
+      BoxFor(child).box = {line.area.left, line.y, line.area.left, line.y};
       continue;
     }
     if (display == kDisplayInline && !IsImage(*child)) {
@@ -302,27 +355,38 @@ struct WidthSums {
 }  // namespace
 
 void RichDocumentLayout::MeasureItem(CExtRichContentItem& item) {
-  if (m_boxes[&item].measured || m_depth >= kMaxInlineDepth) return;
-  m_boxes[&item].measured = true;
+  if (BoxFor(&item).measured || m_depth >= kMaxInlineDepth) return;
+  BoxFor(&item).measured = true;
   ++m_depth;
-  MeasureChildren(item, m_boxes[&item].measuredMin, m_boxes[&item].measuredWidth);
+  MeasureChildren(item, BoxFor(&item).measuredMin, BoxFor(&item).measuredWidth);
   --m_depth;
 }
 
 void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum, int& preferred) {
   WidthSums sums;
-  // Inline descendants add to the current run; block children end it.
-  std::vector<CExtRichContentItem*> work(item.m_children.rbegin(), item.m_children.rend());
+  // Lines that never wrap are as narrow as their longest run.
+  const bool wraps = !item.m_pStyle || Wraps(item.m_pStyle->m_enums[kWhiteSpace]);
+  // Inline descendants add to the current run; block children end it. Each child goes with the
+  // style its text is drawn in, so a word's own record is not read again for it.
+  std::vector<std::pair<CExtRichContentItem*, const CExtRichStyleDescription*>> work;
+  const auto pushChildren = [&work](CExtRichContentItem& parent, const CExtRichStyleDescription* style) {
+    for (auto child = parent.m_children.rbegin(); child != parent.m_children.rend(); ++child)
+      work.emplace_back(*child, style);
+  };
+  pushChildren(item, TextStyleOf(item));
   while (!work.empty()) {
-    CExtRichContentItem* child = work.back();
+    auto [child, s] = work.back();
     work.pop_back();
-    const CExtRichStyleDescription* s = TextStyleOf(*child);
+    if (child->m_nKind == kKindTag && child->m_pStyle) s = child->m_pStyle;
     if (!s) continue;
     if (child->m_nKind == kKindWord || child->m_nKind == kKindSpace) {
-      const int w = child->m_nKind == kKindWord ? MeasureShown(*m_measurer, ShownText(child->m_strName, *s), *s).width
-                                                : m_measurer->Measure(" ", s->m_font).width;
+      const int w = child->m_nKind == kKindWord ? WordSize(*child, *s).width : BlankSize(*s).width;
+      if (child->m_nKind == kKindSpace && KeepsNewlines(s->m_enums[kWhiteSpace]) &&
+          child->m_strName.find('\n') != std::string::npos)
+        sums.EndRun();
       sums.run += w;
       if (child->m_nKind == kKindWord) sums.minimum = std::max(sums.minimum, w);
+      if (!wraps) sums.minimum = std::max(sums.minimum, sums.run);
       continue;
     }
     if (child->m_nKind != kKindTag || !child->m_pStyle) continue;
@@ -331,10 +395,10 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
     if (IsBreak(*child)) {
       sums.EndRun();
     } else if (display == kDisplayInline && !IsImage(*child)) {
-      work.insert(work.end(), child->m_children.rbegin(), child->m_children.rend());
+      pushChildren(*child, s);
     } else {
       MeasureItem(*child);
-      const RichItemBox& c = m_boxes[child];
+      const RichItemBox& c = BoxFor(child);
       sums.minimum = std::max(sums.minimum, c.measuredMin);
       if (IsBlockLevel(display)) {
         sums.EndRun();
@@ -354,21 +418,20 @@ void RichDocumentLayout::MeasureChildren(CExtRichContentItem& item, int& minimum
   const int sides = OuterSidesOf(s, true).Horizontal();
   if (const int display = DisplayOf(item); display == kDisplayTable || display == kDisplayInlineTable) {
     // A table's widths are those of its rows side by side.
-    CExtRichTableLayout table;
-    table.Gather(item);
+    const CExtRichTableLayout& table = TableFor(item);
     std::vector<int> mins(table.ColumnCount(), 0), prefs(table.ColumnCount(), 0);
     for (const TableCell& cell : table.m_cells) {
       MeasureItem(*cell.item);
       if (cell.span.m_nColSpan != 1) continue;
-      mins[cell.column] = std::max(mins[cell.column], m_boxes[cell.item].measuredMin);
-      prefs[cell.column] = std::max(prefs[cell.column], m_boxes[cell.item].measuredWidth);
+      mins[cell.column] = std::max(mins[cell.column], BoxFor(cell.item).measuredMin);
+      prefs[cell.column] = std::max(prefs[cell.column], BoxFor(cell.item).measuredWidth);
     }
     const int spacing = s.m_enums[kBorderCollapse] == 0 ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
     for (const TableCell& cell : table.m_cells) {
       if (cell.span.m_nColSpan == 1) continue;
       const int count = std::min(cell.span.m_nColSpan, table.ColumnCount() - cell.column);
-      SpreadSpanned(mins, cell.column, count, m_boxes[cell.item].measuredMin - spacing * (count - 1));
-      SpreadSpanned(prefs, cell.column, count, m_boxes[cell.item].measuredWidth - spacing * (count - 1));
+      SpreadSpanned(mins, cell.column, count, BoxFor(cell.item).measuredMin - spacing * (count - 1));
+      SpreadSpanned(prefs, cell.column, count, BoxFor(cell.item).measuredWidth - spacing * (count - 1));
     }
     const int gaps = (table.ColumnCount() + 1) * spacing;
     sums.minimum = gaps;

@@ -101,6 +101,9 @@ class CExtRichContentItem {
   CExtRichContentLayout* m_pLayout;
   int m_nKind;
   int m_nError = kErrorNone;
+  // The item's place in the tree when it was last laid out. It sits beside the kind and the
+  // parent so that a layout pass over the words of a long document touches one cache line each.
+  int m_nLayoutSlot = -1;
   std::string m_strName;       // tag name, word text, attribute or property name
   std::string m_strSecondary;  // the accelerator character of the plain text form
   std::string m_strRaw;        // tag text behind the name; an attribute's value

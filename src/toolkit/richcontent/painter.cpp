@@ -113,6 +113,7 @@ std::vector<CExtRichContentItem*> RichContentPainter::PaintOrder(const CExtRichC
 }
 
 void RichContentPainter::PaintDocument(int dx, int dy) {
+  m_layout.UpdatePaintExtents();
   const int rotation = m_layout.Document().m_nRotation;
   if (rotation != 90 && rotation != 180 && rotation != 270) {
     PaintTree(dx, dy);
@@ -144,6 +145,11 @@ void RichContentPainter::PaintTree(int dx, int dy) {
     PaintItem(*m_postFixed[i].first, m_postFixed[i].second.first, m_postFixed[i].second.second);
 }
 
+bool RichContentPainter::OnTarget(const RichRect& extent, int dx, int dy) const {
+  return !extent.IsEmpty() && extent.right + dx > 0 && extent.bottom + dy > 0 && extent.left + dx < m_target->width() &&
+         extent.top + dy < m_target->height();
+}
+
 void RichContentPainter::PaintChildren(CExtRichContentItem& item, int dx, int dy) {
   Pending level;
   const std::vector<CExtRichContentItem*>& outOfFlow = m_layout.OutOfFlow();
@@ -164,14 +170,13 @@ void RichContentPainter::PaintChildren(CExtRichContentItem& item, int dx, int dy
 void RichContentPainter::PaintItem(CExtRichContentItem& item, int dx, int dy) {
   const RichItemBox* b = m_layout.BoxOf(&item);
   if (m_depth >= kMaxPaintDepth) return;
+  // A long document is painted a page at a time: what lies off the target, with all it holds,
+  // is passed over (its words would cost a text layout each for nothing).
+  if (b && !OnTarget(b->extent, dx, dy)) return;
   if (item.m_nKind == kKindWord) {
-    if (b && !b->box.IsEmpty()) {
-      RichRect r = b->box;
-      r.Offset(dx, dy);
-      // Words off the target cost a text layout each for nothing: a long document is painted a
-      // page at a time.
-      if (r.right > 0 && r.bottom > 0 && r.left < m_target->width() && r.top < m_target->height()) PaintWord(item, r);
-    }
+    RichRect r = b ? b->box : RichRect{};
+    r.Offset(dx, dy);
+    if (!r.IsEmpty()) PaintWord(item, r);
     return;
   }
   if (item.m_nKind == kKindSpace || (item.m_nKind != kKindRoot && item.m_nKind != kKindTag)) return;
@@ -300,7 +305,7 @@ void RichContentPainter::PaintWord(const CExtRichContentItem& word, const RichRe
   const platform::FontSpec font = FontSpecOf(s->m_font);
   const int spacing = s->m_lengths[kLetterSpacing];
   if (spacing == 0 || spacing == kNoValue || shown.size() < 2) {
-    platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
+    DrawWordText(box, shown, font, colour);
   } else {
     // Spaced letters are drawn one by one, each followed by the spacing.
     int x = box.left;
@@ -316,6 +321,37 @@ void RichContentPainter::PaintWord(const CExtRichContentItem& word, const RichRe
     const int mid = box.top + box.Height() / 2;
     m_target->FillRect({box.left, mid, box.right, mid + thickness}, colour);
   }
+}
+
+void RichContentPainter::DrawWordText(const RichRect& box, const std::string& shown, const platform::FontSpec& font,
+                                      uint32_t colour) {
+  if (!m_target->RectVisible(ToDraw(box))) return;
+  // A word drawn in a box of its own size gives the same pixels wherever the box is, and a
+  // document repeats its words: each is drawn once into a picture that is then laid on the
+  // target at every place it shows.
+  std::string key = shown;
+  key += '\0';
+  key += font.face;
+  for (long long v : {static_cast<long long>(font.pixels * 64), static_cast<long long>(font.bold),
+                      static_cast<long long>(font.italic), static_cast<long long>(colour),
+                      static_cast<long long>(box.Width()), static_cast<long long>(box.Height())}) {
+    key += '\0';
+    key += std::to_string(v);
+  }
+  auto found = m_words.find(key);
+  if (found == m_words.end()) {
+    const size_t pixels = static_cast<size_t>(box.Width()) * static_cast<size_t>(box.Height());
+    if (m_keptPixels + pixels > kMaxKeptPixels) {
+      platform::DrawText(*m_target, ToDraw(box), shown, font, colour);
+      return;
+    }
+    platform::DrawTarget picture(box.Width(), box.Height());
+    if (!picture.ok()) return;
+    platform::DrawText(picture, {0, 0, box.Width(), box.Height()}, shown, font, colour);
+    found = m_words.emplace(std::move(key), platform::DeviceImage::Create(picture.Pixels())).first;
+    m_keptPixels += pixels;
+  }
+  if (found->second) m_target->AlphaBlend(*found->second, ToDraw(box), {0, 0, box.Width(), box.Height()}, 255);
 }
 
 void RichContentPainter::PaintScrollBars(const CExtRichContentItem& item, const RichItemBox& b, int dx, int dy) {

@@ -45,10 +45,8 @@ std::vector<CExtRichContentItem*> CaptionsOf(const CExtRichContentItem& table, b
 
 int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, int width) {
   const CExtRichStyleDescription& s = *table.m_pStyle;
-  auto owned = std::make_unique<CExtRichTableLayout>();
-  CExtRichTableLayout& t = *owned;
-  m_tables[&table] = std::move(owned);
-  const int columns = t.Gather(table);
+  CExtRichTableLayout& t = TableFor(table);
+  const int columns = t.ColumnCount();
   // Collapsed borders have no horizontal spacing; the rows keep the vertical one.
   const bool collapse = s.m_enums[kBorderCollapse] == 0;
   t.m_nSpacingX = collapse ? 0 : std::max(0, s.m_lengths[kBorderSpacingX]);
@@ -58,7 +56,7 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   ColumnNeeds needs{std::vector<int>(columns, 0), std::vector<int>(columns, 0), std::vector<int>(columns, 0)};
   for (const TableCell& cell : t.m_cells) {
     MeasureItem(*cell.item);
-    const RichItemBox& b = m_boxes[cell.item];
+    const RichItemBox& b = BoxFor(cell.item);
     const CExtRichStyleDescription& cs = *cell.item->m_pStyle;
     if (cell.span.m_nColSpan == 1) {
       needs.minimum[cell.column] = std::max(needs.minimum[cell.column], b.measuredMin);
@@ -71,8 +69,8 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
     if (cell.span.m_nColSpan == 1) continue;
     const int count = std::min(cell.span.m_nColSpan, columns - cell.column);
     const int gaps = t.m_nSpacingX * (count - 1);
-    SpreadSpanned(needs.minimum, cell.column, count, m_boxes[cell.item].measuredMin - gaps);
-    SpreadSpanned(needs.preferred, cell.column, count, m_boxes[cell.item].measuredWidth - gaps);
+    SpreadSpanned(needs.minimum, cell.column, count, BoxFor(cell.item).measuredMin - gaps);
+    SpreadSpanned(needs.preferred, cell.column, count, BoxFor(cell.item).measuredWidth - gaps);
   }
   const bool fill = HasWidth(s);
   const int outer = WidthFor(table, width, true);
@@ -95,7 +93,7 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   for (const TableCell& cell : t.m_cells) {
     if (cell.span.m_nRowSpan == 1) continue;
     const int count = std::min(cell.span.m_nRowSpan, t.RowCount() - cell.row);
-    SpreadSpanned(heights, cell.row, count, m_boxes[cell.item].box.Height() - t.m_nSpacingY * (count - 1));
+    SpreadSpanned(heights, cell.row, count, BoxFor(cell.item).box.Height() - t.m_nSpacingY * (count - 1));
   }
   for (int r = 0; r < t.RowCount(); ++r) t[r]->m_nHeight[0] = t[r]->m_nHeight[1] = heights[r];
   t.m_sizes.assign(heights.begin(), heights.end());
@@ -107,7 +105,7 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
   for (bool bottom : {false, true})
     for (CExtRichContentItem* caption : CaptionsOf(table, bottom)) {
       MeasureItem(*caption);
-      contentWidth = std::max(contentWidth, std::min(m_boxes[caption].measuredWidth, std::max(0, width - sides.Horizontal())));
+      contentWidth = std::max(contentWidth, std::min(BoxFor(caption).measuredWidth, std::max(0, width - sides.Horizontal())));
     }
   int captionTop = y + sides.top;
   for (CExtRichContentItem* caption : CaptionsOf(table, false))
@@ -119,21 +117,21 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
     RichRect area = t.CellAreaOf(cell.row, cell.row + cell.span.m_nRowSpan - 1, cell.column,
                                  cell.column + cell.span.m_nColSpan - 1);
     area.Offset(originX, originY);
-    RichItemBox& b = m_boxes[cell.item];
+    RichItemBox& b = BoxFor(cell.item);
     const int extra = area.Height() - b.box.Height();
     const int align = cell.item->m_pStyle->m_enums[kVerticalAlign];
     // Cells keep their content at the top unless they ask for the middle: "bottom" is the stored
     // default of every item, so it cannot tell a cell that asked for it.
     const int down = align == kAlignMiddle ? extra / 2 : 0;
     OffsetItem(*cell.item, area.left - b.box.left, area.top - b.box.top + down);
-    RichItemBox& moved = m_boxes[cell.item];
+    RichItemBox& moved = BoxFor(cell.item);
     moved.box.top -= down;
     moved.box.bottom = moved.box.top + area.Height();
   }
   int contentHeight = captionTop - (y + sides.top) + t.TotalRows() + VerticalGap(t.m_nSpacingY, t.RowCount());
   for (CExtRichContentItem* caption : CaptionsOf(table, true))
     contentHeight += ArrangeItem(*caption, x + sides.left, y + sides.top + contentHeight, contentWidth);
-  RichItemBox& b = m_boxes[&table];
+  RichItemBox& b = BoxFor(&table);
   b.box = {x, y, x + contentWidth + sides.Horizontal(), y + contentHeight + sides.Vertical()};
   b.content = Deflate(b.box, sides);
   // Rows and row groups cover their cells, so a point on a cell finds its way down to it.
@@ -160,7 +158,7 @@ int RichDocumentLayout::ArrangeTable(CExtRichContentItem& table, int x, int y, i
                   : c->box;
         any = true;
       }
-    m_boxes[item].box = m_boxes[item].content = all;
+    BoxFor(item).box = BoxFor(item).content = all;
   }
   return b.box.Height();
 }
