@@ -16,6 +16,14 @@ class FlatKeyMap {
   bool empty() const { return m_nCount == 0; }
   void clear() { Reset(16); }
 
+  // Makes room for `count` keys at once, so that filling an empty map never grows it.
+  void reserve(size_t count) {
+    if (m_nCount != 0) return;
+    size_t capacity = 16;
+    while (capacity * 3 < count * 4 + 4) capacity *= 2;
+    if (capacity > m_keys.size()) Reset(capacity);
+  }
+
   // The value of `key`, or null.
   V* Find(int64_t key) {
     for (size_t i = Slot(key);; i = (i + 1) & m_nMask) {
