@@ -201,9 +201,12 @@ bool CExtFormulaDataManager::Compile(CExtFormulaGridCell& cell) {
 }
 
 bool CExtFormulaDataManager::CompileAt(CExtFormulaGridCell& cell, int64_t key) {
-  std::unique_ptr<CExtFormulaItem> tree = Parse(cell.m_strFormula);
-  if (!tree) return false;
-  FormulaShapeTable::Shared shared = m_shapes.Share(std::move(tree), cell.m_strFormula, KeyPosition(key), m_alphabet);
+  FormulaShapeTable::Shared shared;
+  if (!m_shapes.ShareBySpelling(cell.m_strFormula, KeyPosition(key), m_alphabet, shared)) {
+    std::unique_ptr<CExtFormulaItem> tree = Parse(cell.m_strFormula);
+    if (!tree) return false;
+    shared = m_shapes.Share(std::move(tree), cell.m_strFormula, KeyPosition(key), m_alphabet);
+  }
   cell.m_tree = std::move(shared.tree);
   cell.m_nShiftColumns = shared.dx;
   cell.m_nShiftRows = shared.dy;
@@ -445,6 +448,7 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
   std::vector<CellPos> deps, order, cyclic;
   CollectDependents(column, row, true, deps, true, false);
   OrderForCompute(deps, order, &cyclic);
+  context.reserve(context.size() + order.size());
   std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
   MarkCycles(cyclic);
   return computed;

@@ -232,6 +232,7 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
   // Only the cells asked for are ordered: precedents outside them hold current values.
   enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
   FlatKeyMap<uint8_t> state;
+  state.reserve(cells.size());
   for (const CellPos& p : cells) state.Insert(PositionKey(p.column, p.row), kWanted);
   struct Frame {
     CellPos pos;

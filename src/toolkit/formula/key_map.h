@@ -18,10 +18,9 @@ class FlatKeyMap {
 
   // Makes room for `count` keys at once, so that filling an empty map never grows it.
   void reserve(size_t count) {
-    if (m_nCount != 0) return;
     size_t capacity = 16;
     while (capacity * 3 < count * 4 + 4) capacity *= 2;
-    if (capacity > m_keys.size()) Reset(capacity);
+    if (capacity > m_keys.size()) Rehash(capacity);
   }
 
   // The value of `key`, or null.
@@ -81,11 +80,14 @@ class FlatKeyMap {
   }
 
  private:
+  // Keys are cell positions (column in the high half, row in the low). Neighbouring cells get
+  // neighbouring slots: 16 columns of a row side by side, rows one after the other, and each
+  // further group of 16 columns far away. Recalculation walks rows in order, so its lookups
+  // stay in cache instead of jumping about the table.
   size_t Slot(int64_t key) const {
-    uint64_t x = static_cast<uint64_t>(key) + 0x9e3779b97f4a7c15ull;
-    x = (x ^ (x >> 30)) * 0xbf58476d1ce4e5b9ull;
-    x = (x ^ (x >> 27)) * 0x94d049bb133111ebull;
-    return static_cast<size_t>(x ^ (x >> 31)) & m_nMask;
+    const uint64_t row = static_cast<uint32_t>(key), column = static_cast<uint64_t>(key) >> 32;
+    const uint64_t home = row * 16 + (column & 15) + (column >> 4) * 0x9e3779b97f4a7c15ull;
+    return static_cast<size_t>(home) & m_nMask;
   }
   void Reset(size_t capacity) {
     m_keys.assign(capacity, 0);
@@ -94,14 +96,15 @@ class FlatKeyMap {
     m_nMask = capacity - 1;
     m_nCount = 0;
   }
-  void Grow() {
+  void Grow() { Rehash(m_keys.size() * 2); }
+  void Rehash(size_t capacity) {
     std::vector<int64_t> keys;
     std::vector<V> values;
     std::vector<uint8_t> used;
     keys.swap(m_keys);
     values.swap(m_values);
     used.swap(m_used);
-    Reset(keys.size() * 2);
+    Reset(capacity);
     for (size_t i = 0; i < keys.size(); ++i)
       if (used[i]) Insert(keys[i], values[i]);
   }

@@ -2,6 +2,7 @@
 #include "toolkit/formula/shape_table.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <vector>
 
@@ -32,10 +33,78 @@ struct Reference {
   CellPos cell;
 };
 
+// Characters that could join a cell name into a longer token: letters, digits and what names
+// and numbers may hold.
+bool JoinsName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '!' ||
+         c == '$' || c == '.' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+// The pieces between the names; none at all (no spelling) when a name touches such a character.
+void MakeSpelling(const std::vector<Reference>& references, const std::string& text,
+                  FormulaShapeTable::Spelling& spelling) {
+  spelling.pieces.clear();
+  spelling.names.clear();
+  size_t done = 0;
+  for (const Reference& ref : references) {
+    const size_t start = static_cast<size_t>(ref.node->m_location.start);
+    const size_t end = static_cast<size_t>(ref.node->m_location.end);
+    if ((start > 0 && JoinsName(text[start - 1])) || (end < text.size() && JoinsName(text[end]))) {
+      spelling.pieces.clear();
+      spelling.names.clear();
+      return;
+    }
+    spelling.pieces.push_back(text.substr(done, start - done));
+    spelling.names.push_back(ref.cell);
+    done = end;
+  }
+  spelling.pieces.push_back(text.substr(done));
+}
+
+// Whether `text` is `spelling` with every name moved by (dx, dy).
+bool SpeltAs(const FormulaShapeTable::Spelling& spelling, const std::string& text, int dx, int dy,
+             const CExtFormulaAlphabet& alphabet) {
+  if (spelling.pieces.size() != spelling.names.size() + 1) return false;
+  size_t at = 0;
+  for (size_t i = 0; i < spelling.names.size(); ++i) {
+    const std::string& piece = spelling.pieces[i];
+    if (text.compare(at, piece.size(), piece) != 0) return false;
+    at += piece.size();
+    const long long column = static_cast<long long>(spelling.names[i].column) + dx;
+    const long long row = static_cast<long long>(spelling.names[i].row) + dy;
+    if (column < 0 || row < 0 || column > alphabet.GetMaxColumn() || row > alphabet.GetMaxRow()) return false;
+    const std::string name = alphabet.FormatCell(static_cast<int>(column), static_cast<int>(row));
+    if (text.compare(at, name.size(), name) != 0) return false;
+    at += name.size();
+  }
+  const std::string& last = spelling.pieces.back();
+  return text.size() == at + last.size() && text.compare(at, last.size(), last) == 0;
+}
+
 }  // namespace
 
+bool FormulaShapeTable::ShareBySpelling(const std::string& text, CellPos at, const CExtFormulaAlphabet& alphabet,
+                                        Shared& shared) {
+  if (at.column < 0 || at.row < 0) return false;
+  const Recent& recent = m_recent[static_cast<size_t>(at.column) % kRecentColumns];
+  if (!recent.spelling) return false;
+  // The spelling is that of the cell `recent.at`, which reads the tree from (dx, dy) away.
+  const long long stepColumns = static_cast<long long>(at.column) - recent.at.column;
+  const long long stepRows = static_cast<long long>(at.row) - recent.at.row;
+  const long long dx = recent.dx + stepColumns, dy = recent.dy + stepRows;
+  if (dx < INT_MIN || dx > INT_MAX || dy < INT_MIN || dy > INT_MAX) return false;
+  if (!SpeltAs(*recent.spelling, text, static_cast<int>(stepColumns), static_cast<int>(stepRows), alphabet))
+    return false;
+  std::shared_ptr<CExtFormulaItem> tree = recent.tree.lock();
+  if (!tree) return false;
+  shared.tree = std::move(tree);
+  shared.dx = static_cast<int>(dx);
+  shared.dy = static_cast<int>(dy);
+  return true;
+}
+
 bool FormulaShapeTable::MakeKey(CExtFormulaItem& tree, const std::string& text, CellPos at,
-                                const CExtFormulaAlphabet& alphabet, std::string& key, bool mark) {
+                                const CExtFormulaAlphabet& alphabet, std::string& key, bool mark, Spelling* spelling) {
   key.clear();
   std::vector<Reference> references;
   // The structure goes into the key too (kind and child count of every node, in tree order), so
@@ -91,6 +160,7 @@ bool FormulaShapeTable::MakeKey(CExtFormulaItem& tree, const std::string& text, 
   key.append(text, done, std::string::npos);
   if (mark)
     for (const Reference& ref : references) ref.node->m_cellName = ref.cell;
+  if (spelling != nullptr) MakeSpelling(references, text, *spelling);
   return true;
 }
 
@@ -98,7 +168,8 @@ FormulaShapeTable::Shared FormulaShapeTable::Share(std::unique_ptr<CExtFormulaIt
                                                    CellPos at, const CExtFormulaAlphabet& alphabet) {
   Shared result;
   if (!tree) return result;
-  if (!MakeKey(*tree, text, at, alphabet, m_key, false)) {
+  auto spelling = std::make_shared<Spelling>();
+  if (!MakeKey(*tree, text, at, alphabet, m_key, false, spelling.get())) {
     result.tree = std::move(tree);
     return result;
   }
@@ -108,6 +179,7 @@ FormulaShapeTable::Shared FormulaShapeTable::Share(std::unique_ptr<CExtFormulaIt
       result.tree = std::move(shared);
       result.dx = at.column - found->second.origin.column;
       result.dy = at.row - found->second.origin.row;
+      Remember(result, at, std::move(spelling));
       return result;
     }
   }
@@ -119,7 +191,13 @@ FormulaShapeTable::Shared FormulaShapeTable::Share(std::unique_ptr<CExtFormulaIt
     if (m_shapes.size() >= m_nPruneAt) Prune();
     m_shapes.emplace(m_key, Entry{result.tree, at});
   }
+  Remember(result, at, std::move(spelling));
   return result;
+}
+
+void FormulaShapeTable::Remember(const Shared& shared, CellPos at, std::shared_ptr<const Spelling> spelling) {
+  if (at.column < 0 || spelling->pieces.empty()) return;
+  m_recent[static_cast<size_t>(at.column) % kRecentColumns] = Recent{shared.tree, at, shared.dx, shared.dy, std::move(spelling)};
 }
 
 void FormulaShapeTable::Prune() {
