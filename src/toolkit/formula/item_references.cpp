@@ -147,7 +147,8 @@ void CExtFormulaItem::CollectShiftedDependencies(const FormulaManager* manager, 
   switch (m_nKind) {
     case kKindIdentifier: {
       if (m_cellName.column >= 0 && manager != nullptr && manager->CellNamesAreCells()) {
-        if (ReferenceCells(manager, alphabet, cells, nullptr, dx, dy)) result.UnionWith(cells);
+        // A plain cell name of a shared tree: its moved cell, with no set made in between.
+        result.Add({m_cellName.column + dx, m_cellName.row + dy, m_cellName.column + dx, m_cellName.row + dy});
         return;
       }
       const std::string& text = ReferenceText(alphabet, dx, dy, buffer);
@@ -155,6 +156,12 @@ void CExtFormulaItem::CollectShiftedDependencies(const FormulaManager* manager, 
     }
       [[fallthrough]];
     case kKindRange:
+      if (m_nKind == kKindRange && m_children.size() == 2 && m_children[0]->m_cellName.column >= 0 &&
+          m_children[1]->m_cellName.column >= 0) {
+        const CellPos a = m_children[0]->m_cellName, b = m_children[1]->m_cellName;
+        result.Add({a.column + dx, a.row + dy, b.column + dx, b.row + dy});
+        return;
+      }
       if (ReferenceCells(manager, alphabet, cells, nullptr, dx, dy)) result.UnionWith(cells);
       return;
     case kKindIntersection: {

@@ -210,17 +210,26 @@ class CExtHashMapT {
     return x ^ (x >> 33);
   }
 
-  // The side index keeps, beside each node number, the upper half of the key's mixed hash: a
-  // probe that meets another key is told apart without reading its node, and growing the index
-  // reads no node at all. Slot: tag << 32 | (node number + 1); 0 is empty.
-  static uint32_t Tag(const KEY& key) { return static_cast<uint32_t>(Mix(key) >> 32); }
+  // The side index keeps, beside each node number, a 32-bit tag of the key: a probe that meets
+  // another key is told apart without reading its node, and growing the index reads no node at
+  // all. Slot: tag << 32 | (node number + 1); 0 is empty. A position key's tag keeps
+  // neighbouring cells together (16 columns of a row side by side, rows in order), so that
+  // walking a sheet row by row finds its cells in neighbouring slots; other keys are mixed.
+  static uint32_t Tag(const KEY& key) {
+    if constexpr (std::is_same_v<KEY, int64_t>) {
+      const uint64_t column = static_cast<uint32_t>(key), row = static_cast<uint64_t>(key) >> 32;
+      return static_cast<uint32_t>(row * 16 + (column & 15) + (column >> 4) * 0x9e3779b1u);
+    } else {
+      return static_cast<uint32_t>(Mix(key) >> 32);
+    }
+  }
   static uint64_t Slot(uint32_t tag, uint32_t n) { return (static_cast<uint64_t>(tag) << 32) | (n + 1); }
   static uint32_t SlotNode(uint64_t slot) { return static_cast<uint32_t>(slot) - 1; }
   static uint32_t SlotTag(uint64_t slot) { return static_cast<uint32_t>(slot >> 32); }
 
-  // The home slot of a tag: scaled to the table's size, which need not be a power of two, so
-  // the table grows by half and stays fuller than a doubling one.
-  size_t Home(uint32_t tag) const { return static_cast<size_t>((static_cast<uint64_t>(tag) * index_.size()) >> 32); }
+  // The home slot of a tag; the table's size need not be a power of two, so it grows by half and
+  // stays fuller than a doubling one.
+  size_t Home(uint32_t tag) const { return static_cast<size_t>(tag % index_.size()); }
   size_t NextSlot(size_t i) const { return i + 1 == index_.size() ? 0 : i + 1; }
 
   uint32_t Find(const KEY& key) const {
