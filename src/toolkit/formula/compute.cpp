@@ -239,6 +239,13 @@ int CExtFormulaItem::Compute(FormulaContext& context, CExtFormulaValue& value, C
                              const CExtFormulaItem*& errorItem) const {
   value.Clear();
   errorItem = nullptr;
+  if (m_nKind == kKindInteger || m_nKind == kKindReal) {
+    if (!m_bNumberKnown) m_bNumberKnown = LiteralToValue(m_number);
+    if (m_bNumberKnown) {
+      value.SetScalar(m_number);
+      return 0;
+    }
+  }
   Variant literal;
   if (LiteralToValue(literal)) {
     value.SetScalar(literal);

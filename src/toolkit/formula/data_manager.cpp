@@ -30,6 +30,13 @@ std::string TrimLeft(const std::string& text) {
   return text.substr(i);
 }
 
+// A text whose first character after blanks is "=".
+bool StartsFormula(const std::string& text) {
+  for (char c : text)
+    if (c != ' ' && c != '\r' && c != '\n' && c != '\t') return c == '=';
+  return false;
+}
+
 // A grid cell as a formula cell, or null for a cell of another class.
 CExtFormulaGridCell* AsFormulaCell(grid::CExtGridCell* cell) {
   return cell != nullptr && cell->IsKindOf(&CExtFormulaGridCell::kClass) ? static_cast<CExtFormulaGridCell*>(cell)
@@ -293,8 +300,7 @@ void CExtFormulaDataManager::StorePlainText(grid::CExtGridCell& cell, const std:
 
 bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string& given) {
   const int64_t key = PositionKey(column, row);
-  const std::string text = TrimLeft(given);
-  if (text.empty() || text[0] != '=') {
+  if (!StartsFormula(given)) {
     grid::CExtGridCell* found = MakeGridCell(column, row);
     if (found == nullptr) return false;
     if (CExtFormulaGridCell* cell = AsFormulaCell(found)) {

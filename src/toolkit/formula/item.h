@@ -134,6 +134,10 @@ class CExtFormulaItem {
   CellPos m_cellName;
 
  private:
+  // A number literal's value, read from its text on the first computation: a shared tree
+  // computes it for every cell of its shape.
+  mutable platform::Variant m_number;
+  mutable bool m_bNumberKnown = false;
   void AppendText(std::string& out) const;
   // The cells an identifier or a range names, through the manager's named ranges or the
   // alphabet; false when the node names none.
