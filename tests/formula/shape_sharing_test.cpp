@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine_helpers.h"
+#include "toolkit/formula/function.h"
 
 namespace qmk::toolkit::formula {
 namespace {
@@ -163,6 +164,45 @@ TEST(FormulaShapes, TheTreeOutlivesItsFirstCellAndShapesAreForgotten) {
   // A shape no cell uses any more is dropped, sooner or later.
   for (int row = 0; row < 3000; ++row) sheet.SetCellText(2, 0, "=" + std::to_string(row) + "+A1");
   EXPECT_LT(sheet.GetShapeCount(), 2100u);
+}
+
+// A function callable without parentheses and spelt like a cell answers to that name first.
+class CellNamedFunction : public CExtFormulaFunction {
+ public:
+  const char* GetName() const override { return "A3"; }
+  int GetMinParams() const override { return 0; }
+  int GetMaxParams() const override { return 0; }
+  int ComputeResult(FunctionCall& call) const override { return call.Result(platform::Variant::R8(-1.0)); }
+};
+
+TEST(FormulaShapes, ABareNameFunctionSpeltLikeACellAnswersToIt) {
+  CExtFormulaDataManager sheet;
+  for (int row = 0; row < 5; ++row) {
+    sheet.SetCellText(0, row, std::to_string(row + 1));
+    sheet.SetCellText(1, row, "=" + sheet.GetAlphabet().FormatCell(0, row) + "*10");
+  }
+  EXPECT_EQ(Shown(sheet, 1, 2), "30");
+  ASSERT_TRUE(sheet.GetFunctionSet().Add(new CellNamedFunction, false));
+  sheet.RecomputeAll();
+  EXPECT_EQ(Shown(sheet, 1, 2), "-10");
+  EXPECT_EQ(Shown(sheet, 1, 3), "40");
+  EXPECT_EQ(sheet.FindCell(1, 2)->GetTree(), sheet.FindCell(1, 3)->GetTree());
+}
+
+// Texts that the last shape of a column almost spells: each is read for what it says.
+TEST(FormulaShapes, NearMissesOfAColumnsShapeComputeWhatTheySay) {
+  CExtFormulaDataManager sheet;
+  for (int row = 0; row < 8; ++row) sheet.SetCellText(0, row, std::to_string(row + 1));
+  const std::vector<std::pair<std::string, std::string>> cells = {
+      {"=A1*2", "2"},         {"=A2*2", "4"},       {"=a3*2", "6"},        {"=A4*2 ", "8"},
+      {"=A5*2+0", "10"},      {"=A5*2", "10"},      {"=\"A8*2\"", "\"A8*2\""}, {"=A8*20", "160"},
+  };
+  for (size_t row = 0; row < cells.size(); ++row) sheet.SetCellText(1, static_cast<int>(row), cells[row].first);
+  for (size_t row = 0; row < cells.size(); ++row)
+    EXPECT_EQ(Shown(sheet, 1, static_cast<int>(row)), cells[row].second) << cells[row].first;
+  EXPECT_EQ(sheet.FindCell(1, 0)->GetTree(), sheet.FindCell(1, 1)->GetTree());
+  // B6 reads A5, one row up: another shape than B1's.
+  EXPECT_NE(sheet.FindCell(1, 0)->GetTree(), sheet.FindCell(1, 5)->GetTree());
 }
 
 }  // namespace
