@@ -78,9 +78,9 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   // This cell's offset from the cell the tree was parsed for.
   int m_nShiftColumns = 0, m_nShiftRows = 0;
   const CExtFormulaItem* m_pErrorItem = nullptr;
-  int m_nErrorCode = 0;
   // The cells the tree reads, kept while the tree lives.
   CExtGridRangeSet m_deps;
+  int m_nErrorCode = 0;  // beside the flags: a million cells should not pay for padding
   bool m_bDepsKnown = false;
   bool m_bComputed = false;  // the stored value is the result of the present formula
   bool m_bPending = false;   // still to be computed in the running pass
