@@ -7,6 +7,18 @@
 
 namespace qmk::toolkit::formula {
 
+// The slot order of position keys (column in the high half, row in the low): eight rows of a
+// column side by side, and those runs of eight scattered by a full mix. Recalculation walks
+// rows in order and finds them in one cache line; any pattern of cells spreads as well as a
+// plain hash would spread it.
+inline uint64_t NearbyHash(int64_t key) {
+  uint64_t x = (static_cast<uint64_t>(key) >> 3) + 0x9e3779b97f4a7c15ull;
+  x = (x ^ (x >> 30)) * 0xbf58476d1ce4e5b9ull;
+  x = (x ^ (x >> 27)) * 0x94d049bb133111ebull;
+  x ^= x >> 31;
+  return (x << 3) | (static_cast<uint64_t>(key) & 7);
+}
+
 template <typename V>
 class FlatKeyMap {
  public:
@@ -80,15 +92,8 @@ class FlatKeyMap {
   }
 
  private:
-  // Keys are cell positions (column in the high half, row in the low). Neighbouring cells get
-  // neighbouring slots: 16 columns of a row side by side, rows one after the other, and each
-  // further group of 16 columns far away. Recalculation walks rows in order, so its lookups
-  // stay in cache instead of jumping about the table.
-  size_t Slot(int64_t key) const {
-    const uint64_t row = static_cast<uint32_t>(key), column = static_cast<uint64_t>(key) >> 32;
-    const uint64_t home = row * 16 + (column & 15) + (column >> 4) * 0x9e3779b97f4a7c15ull;
-    return static_cast<size_t>(home) & m_nMask;
-  }
+  // Runs of eight rows of a column take neighbouring slots (see NearbyHash).
+  size_t Slot(int64_t key) const { return static_cast<size_t>(NearbyHash(key)) & m_nMask; }
   void Reset(size_t capacity) {
     m_keys.assign(capacity, 0);
     m_values.assign(capacity, V());

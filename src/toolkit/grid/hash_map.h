@@ -212,13 +212,16 @@ class CExtHashMapT {
 
   // The side index keeps, beside each node number, a 32-bit tag of the key: a probe that meets
   // another key is told apart without reading its node, and growing the index reads no node at
-  // all. Slot: tag << 32 | (node number + 1); 0 is empty. A position key's tag keeps
-  // neighbouring cells together (16 columns of a row side by side, rows in order), so that
-  // walking a sheet row by row finds its cells in neighbouring slots; other keys are mixed.
+  // all. Slot: tag << 32 | (node number + 1); 0 is empty. A position key's tag keeps runs of
+  // eight rows of a column together, so that walking a sheet row by row finds its cells in
+  // neighbouring slots; other keys are mixed. (The grid's position key holds the column in the
+  // low half, the row in the high.)
   static uint32_t Tag(const KEY& key) {
     if constexpr (std::is_same_v<KEY, int64_t>) {
+      // Eight rows of a column side by side, those runs scattered by the mix.
       const uint64_t column = static_cast<uint32_t>(key), row = static_cast<uint64_t>(key) >> 32;
-      return static_cast<uint32_t>(row * 16 + (column & 15) + (column >> 4) * 0x9e3779b1u);
+      const uint64_t run = Mix(static_cast<KEY>((row >> 3) << 32 | column)) >> 32;
+      return static_cast<uint32_t>((run << 3) | (row & 7));
     } else {
       return static_cast<uint32_t>(Mix(key) >> 32);
     }
