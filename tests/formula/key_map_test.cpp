@@ -3,6 +3,7 @@
 
 #include <map>
 #include <random>
+#include <vector>
 
 #include "toolkit/formula/key_map.h"
 #include "toolkit/formula/value.h"
@@ -34,6 +35,28 @@ TEST(FlatKeyMap, AgreesWithAStandardMapThroughGrowthAndErasure) {
   size_t visited = 0;
   flat.ForEach([&](int64_t key, int) { visited += plain.count(key); });
   EXPECT_EQ(visited, plain.size());
+}
+
+// Room made for more keys keeps the ones there; a sheet's rows, columns far apart and the
+// corner of the grid all land in the position-ordered slots without loss.
+TEST(FlatKeyMap, ReserveKeepsEntriesAndFarPositionsStayApart) {
+  FlatKeyMap<int> flat;
+  std::vector<int64_t> keys;
+  for (int row = 0; row < 3000; ++row)
+    for (int column : {0, 1, 15, 16, 17, 4096, 308915775}) keys.push_back(PositionKey(column, row));
+  keys.push_back(PositionKey(308915775, 1073741822));
+  for (size_t i = 0; i < keys.size() / 2; ++i) flat.Insert(keys[i], static_cast<int>(i));
+  flat.reserve(keys.size());
+  for (size_t i = keys.size() / 2; i < keys.size(); ++i) flat.Insert(keys[i], static_cast<int>(i));
+  ASSERT_EQ(flat.size(), keys.size());
+  for (size_t i = 0; i < keys.size(); ++i) {
+    const int* found = flat.Find(keys[i]);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(*found, static_cast<int>(i));
+  }
+  EXPECT_TRUE(flat.Erase(keys[7]));
+  EXPECT_EQ(flat.Find(keys[7]), nullptr);
+  EXPECT_NE(flat.Find(keys[8]), nullptr);
 }
 
 TEST(FlatKeyMap, PositionKeysRoundTripAndStayDistinct) {

@@ -29,13 +29,22 @@ CellPos ParseCellName(const CExtFormulaAlphabet& alphabet, const std::string& te
   return alphabet.ParseCell(p);
 }
 
+// The text of a reference node for the cell being computed.
+const std::string& NodeText(CExtFormulaDataManager& manager, const FormulaContext& context, const CExtFormulaItem& node,
+                            std::string& buffer) {
+  return node.ReferenceText(manager.GetAlphabet(), context.m_nShiftColumns, context.m_nShiftRows, buffer);
+}
+
 // The cells an intersection operand names without computing it: a named range or a cell.
-bool NamedCells(CExtFormulaDataManager& manager, const CExtFormulaItem& node, CExtGridRangeSet& cells) {
-  if (const CExtGridRangeSet* named = manager.FindNamedRange(node.m_strText)) {
+bool NamedCells(CExtFormulaDataManager& manager, const FormulaContext& context, const CExtFormulaItem& node,
+                CExtGridRangeSet& cells) {
+  std::string buffer;
+  const std::string& text = NodeText(manager, context, node, buffer);
+  if (const CExtGridRangeSet* named = manager.FindNamedRange(text)) {
     cells.Assign(*named);
     return true;
   }
-  const CellPos cell = ParseCellName(manager.GetAlphabet(), node.m_strText);
+  const CellPos cell = ParseCellName(manager.GetAlphabet(), text);
   if (cell.column < 0) return false;
   cells.Empty();
   cells.Add({cell.column, cell.row, cell.column, cell.row});
@@ -79,15 +88,21 @@ class Evaluator {
 };
 
 int Evaluator::Identifier() {
-  if (const CExtGridRangeSet* named = manager_.FindNamedRange(node_.m_strText)) {
+  // A plain cell name of a shared tree reads its (moved) cell straight away when nothing else
+  // could answer to its name.
+  if (node_.m_cellName.column >= 0 && manager_.CellNamesAreCells())
+    return ReadCell(node_.m_cellName.column + context_.m_nShiftColumns, node_.m_cellName.row + context_.m_nShiftRows);
+  std::string buffer;
+  const std::string& text = NodeText(manager_, context_, node_, buffer);
+  if (const CExtGridRangeSet* named = manager_.FindNamedRange(text)) {
     if (named->IsSingleCell()) return ReadCell(named->GetAt(0).left, named->GetAt(0).top);
     value_.SetRange(*named);
     return 0;
   }
-  const CExtFormulaFunction* function = manager_.GetFunctionSet().Find(node_.m_strText.c_str());
+  const CExtFormulaFunction* function = manager_.GetFunctionSet().Find(text.c_str());
   if (function != nullptr && function->AllowsBareName())
     return function->Evaluate(context_, value_, manager_, node_, errorItem_);
-  const CellPos cell = ParseCellName(manager_.GetAlphabet(), node_.m_strText);
+  const CellPos cell = ParseCellName(manager_.GetAlphabet(), text);
   if (cell.column < 0) {
     // A function named without its parentheses says so.
     if (function != nullptr) return function->Evaluate(context_, value_, manager_, node_, errorItem_);
@@ -182,8 +197,16 @@ int Evaluator::Range() {
   const CExtFormulaItem* first = node_.GetChildAt(0);
   const CExtFormulaItem* second = node_.GetChildAt(1);
   if (first == nullptr || second == nullptr) return Fail(errorItem_, &node_, kErrUnknownIdentifier);
+  if (first->m_cellName.column >= 0 && second->m_cellName.column >= 0) {
+    const int dx = context_.m_nShiftColumns, dy = context_.m_nShiftRows;
+    value_.SetRange(CExtGridRangeSet(CellRect{first->m_cellName.column + dx, first->m_cellName.row + dy,
+                                              second->m_cellName.column + dx, second->m_cellName.row + dy}));
+    return 0;
+  }
   const CExtFormulaAlphabet& alphabet = manager_.GetAlphabet();
-  const std::string a = Upper(alphabet, first->m_strText), b = Upper(alphabet, second->m_strText);
+  std::string buffer1, buffer2;
+  const std::string a = Upper(alphabet, NodeText(manager_, context_, *first, buffer1));
+  const std::string b = Upper(alphabet, NodeText(manager_, context_, *second, buffer2));
   bool bad1 = false, bad2 = false;
   const CellRect rect = alphabet.ParseRange(a.c_str(), b.c_str(), bad1, bad2, &manager_);
   if (bad1 || bad2) return Fail(errorItem_, &node_, kErrUnknownIdentifier);
@@ -196,7 +219,7 @@ int Evaluator::Intersection() {
   for (int i = 0; i < node_.GetChildCount(); ++i) {
     const CExtFormulaItem* child = node_.GetChildAt(i);
     if (child->m_nKind == kKindIdentifier) {
-      if (!NamedCells(manager_, *child, part)) return Fail(errorItem_, child, kErrUnknownIdentifier);
+      if (!NamedCells(manager_, context_, *child, part)) return Fail(errorItem_, child, kErrUnknownIdentifier);
     } else {
       CExtFormulaValue computed;
       if (int code = Child(i, computed)) return code;
@@ -216,6 +239,13 @@ int CExtFormulaItem::Compute(FormulaContext& context, CExtFormulaValue& value, C
                              const CExtFormulaItem*& errorItem) const {
   value.Clear();
   errorItem = nullptr;
+  if (m_nKind == kKindInteger || m_nKind == kKindReal) {
+    if (!m_bNumberKnown) m_bNumberKnown = LiteralToValue(m_number);
+    if (m_bNumberKnown) {
+      value.SetScalar(m_number);
+      return 0;
+    }
+  }
   Variant literal;
   if (LiteralToValue(literal)) {
     value.SetScalar(literal);

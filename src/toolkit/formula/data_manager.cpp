@@ -30,6 +30,13 @@ std::string TrimLeft(const std::string& text) {
   return text.substr(i);
 }
 
+// A text whose first character after blanks is "=".
+bool StartsFormula(const std::string& text) {
+  for (char c : text)
+    if (c != ' ' && c != '\r' && c != '\n' && c != '\t') return c == '=';
+  return false;
+}
+
 // A grid cell as a formula cell, or null for a cell of another class.
 CExtFormulaGridCell* AsFormulaCell(grid::CExtGridCell* cell) {
   return cell != nullptr && cell->IsKindOf(&CExtFormulaGridCell::kClass) ? static_cast<CExtFormulaGridCell*>(cell)
@@ -185,12 +192,33 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   return true;
 }
 
+std::unique_ptr<CExtFormulaItem> CExtFormulaDataManager::Parse(const std::string& text) {
+  m_scanner.SetText(text.c_str(), static_cast<int>(text.size()));
+  if (!m_scanner.Parse()) return nullptr;
+  return std::unique_ptr<CExtFormulaItem>(m_scanner.DetachRoot());
+}
+
 bool CExtFormulaDataManager::Compile(CExtFormulaGridCell& cell) {
-  m_scanner.SetText(cell.m_strFormula.c_str(), static_cast<int>(cell.m_strFormula.size()));
-  if (!m_scanner.Parse()) return false;
-  cell.m_tree.reset(m_scanner.DetachRoot());
+  std::unique_ptr<CExtFormulaItem> tree = Parse(cell.m_strFormula);
+  if (!tree) return false;
+  cell.m_tree = std::move(tree);
+  cell.m_nShiftColumns = cell.m_nShiftRows = 0;
   cell.m_bDepsKnown = false;
-  return cell.m_tree != nullptr;
+  return true;
+}
+
+bool CExtFormulaDataManager::CompileAt(CExtFormulaGridCell& cell, int64_t key) {
+  FormulaShapeTable::Shared shared;
+  if (!m_shapes.ShareBySpelling(cell.m_strFormula, KeyPosition(key), m_alphabet, shared)) {
+    std::unique_ptr<CExtFormulaItem> tree = Parse(cell.m_strFormula);
+    if (!tree) return false;
+    shared = m_shapes.Share(std::move(tree), cell.m_strFormula, KeyPosition(key), m_alphabet);
+  }
+  cell.m_tree = std::move(shared.tree);
+  cell.m_nShiftColumns = shared.dx;
+  cell.m_nShiftRows = shared.dy;
+  cell.m_bDepsKnown = false;
+  return true;
 }
 
 bool CExtFormulaDataManager::ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
@@ -209,7 +237,7 @@ bool CExtFormulaDataManager::ComputeFormulaCell(FormulaContext& context, int64_t
   value.Clear();
   context.insert(key);
   CExtFormulaGridCell* cell = &cellRef;
-  if (!cell->m_tree && !Compile(*cell)) {
+  if (!cell->m_tree && !CompileAt(*cell, key)) {
     // A formula that does not parse shows as what was typed.
     if (cell->IsFormula()) cell->SetError(0);
     value.SetScalar(cell->IsFormula() ? Variant::Str(cell->m_strFormula) : cell->ValueGet());
@@ -217,7 +245,14 @@ bool CExtFormulaDataManager::ComputeFormulaCell(FormulaContext& context, int64_t
   }
   cell->m_pErrorItem = nullptr;
   cell->m_bComputed = true;
+  // The tree may be another cell's of the same shape: its cell names are read moved by this
+  // cell's offset, for this cell only.
+  const int savedColumns = context.m_nShiftColumns, savedRows = context.m_nShiftRows;
+  context.m_nShiftColumns = cell->m_nShiftColumns;
+  context.m_nShiftRows = cell->m_nShiftRows;
   const int code = cell->m_tree->Compute(context, value, *this, cell->m_pErrorItem);
+  context.m_nShiftColumns = savedColumns;
+  context.m_nShiftRows = savedRows;
   errorItem = cell->m_pErrorItem;
   if (code != 0) {
     cell->SetError(code);
@@ -265,8 +300,7 @@ void CExtFormulaDataManager::StorePlainText(grid::CExtGridCell& cell, const std:
 
 bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string& given) {
   const int64_t key = PositionKey(column, row);
-  const std::string text = TrimLeft(given);
-  if (text.empty() || text[0] != '=') {
+  if (!StartsFormula(given)) {
     grid::CExtGridCell* found = MakeGridCell(column, row);
     if (found == nullptr) return false;
     if (CExtFormulaGridCell* cell = AsFormulaCell(found)) {
@@ -282,9 +316,9 @@ bool CExtFormulaDataManager::PutCellText(int column, int row, const std::string&
   cell->m_strFormula = given;
   cell->ResetCompiled();
   // A formula typed without its closing parenthesis is taken with one added.
-  if (!Compile(*cell)) {
+  if (!CompileAt(*cell, key)) {
     cell->m_strFormula = given + ")";
-    if (!Compile(*cell)) cell->m_strFormula = given;
+    if (!CompileAt(*cell, key)) cell->m_strFormula = given;
   }
   RegisterFormula(key, *cell);
   return true;
@@ -342,6 +376,23 @@ CExtFormulaFunctionSet& CExtFormulaDataManager::GetFunctionSet() {
     m_functions->Reset();
   }
   return *m_functions;
+}
+
+bool CExtFormulaDataManager::CellNamesAreCells() const {
+  if (!m_named.empty()) return false;
+  const CExtFormulaFunctionSet& functions = const_cast<CExtFormulaDataManager*>(this)->GetFunctionSet();
+  if (functions.GetChangeCount() != m_nFunctionsSeen) {
+    m_nFunctionsSeen = functions.GetChangeCount();
+    m_bCellLikeFunction = false;
+    CExtFormulaFunctionSet::Position at = functions.GetFirstPosition();
+    while (const CExtFormulaFunction* function = functions.GetNext(at, -1)) {
+      std::string name = function->GetName();
+      for (char& c : name) m_alphabet.MakeUpperChar(c);
+      const char* p = name.c_str();
+      if (function->AllowsBareName() && m_alphabet.ParseCell(p).column >= 0) m_bCellLikeFunction = true;
+    }
+  }
+  return !m_bCellLikeFunction;
 }
 
 void CExtFormulaDataManager::WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack,
@@ -403,6 +454,7 @@ std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, 
   std::vector<CellPos> deps, order, cyclic;
   CollectDependents(column, row, true, deps, true, false);
   OrderForCompute(deps, order, &cyclic);
+  context.reserve(context.size() + order.size());
   std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
   MarkCycles(cyclic);
   return computed;
@@ -426,6 +478,7 @@ void CExtFormulaDataManager::RecomputeAll() {
   std::sort(all.begin(), all.end(), PositionLess);
   OrderForCompute(all, order, &cyclic);
   FormulaContext context;
+  context.reserve(order.size());
   ComputeInOrder(context, order, CellPos{});
   MarkCycles(cyclic);
 }

@@ -18,6 +18,7 @@
 #include "toolkit/formula/manager.h"
 #include "toolkit/formula/reader_index.h"
 #include "toolkit/formula/scanner.h"
+#include "toolkit/formula/shape_table.h"
 #include "toolkit/formula/value.h"
 #include "toolkit/grid/provider.h"
 
@@ -63,7 +64,14 @@ class CExtFormulaDataManager : public FormulaManager {
                     const CExtFormulaItem* item);
   bool ComputeCell(FormulaContext& context, int column, int row, CExtFormulaValue& value,
                    const CExtFormulaItem*& errorItem);
+  // Parses the cell's formula into a tree of its own.
   bool Compile(CExtFormulaGridCell& cell);
+  // A tree of `text`, or null when it does not parse.
+  std::unique_ptr<CExtFormulaItem> Parse(const std::string& text);
+  // No named range exists and no function callable without parentheses is spelt like a cell.
+  bool CellNamesAreCells() const override;
+  // Shapes in use, each with one tree however many cells share it.
+  size_t GetShapeCount() const { return m_shapes.size(); }
 
   // The text-setting path of a cell: a formula is parsed (retried with ")" appended), stored,
   // computed and its dependents recomputed; other text is a plain value. Returns the positions
@@ -160,7 +168,9 @@ class CExtFormulaDataManager : public FormulaManager {
   std::vector<CellPos> StoredPositions(const CellRect& within) const;
   void RegisterFormula(int64_t key, CExtFormulaGridCell& cell);
   void UnregisterFormula(int64_t key);
-  const CExtGridRangeSet& Dependencies(CExtFormulaGridCell& cell);
+  // Parses the formula of the cell at `key` and shares the tree of its shape.
+  bool CompileAt(CExtFormulaGridCell& cell, int64_t key);
+  const CExtGridRangeSet& Dependencies(int64_t key, CExtFormulaGridCell& cell);
   void DirectDependents(int column, int row, std::vector<int64_t>& out);
   void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
   // Appends the registered formula cells inside `deps`, in position order per rectangle.
@@ -181,6 +191,10 @@ class CExtFormulaDataManager : public FormulaManager {
   CExtFormulaAlphabet m_alphabet;
   CExtFormulaScanner m_scanner;
   std::unique_ptr<CExtFormulaFunctionSet> m_functions;
+  FormulaShapeTable m_shapes;
+  // Whether a bare-name function is spelt like a cell, as of the function set's change count.
+  mutable bool m_bCellLikeFunction = false;
+  mutable uint64_t m_nFunctionsSeen = ~uint64_t{0};
   std::map<std::string, CExtGridRangeSet> m_named;
   FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
   // Reverse index: for each cell, the small formulas reading it; for each block of cells, the

@@ -38,10 +38,11 @@ void ForEachBlock(const CExtGridRangeSet& set, Visit visit) {
 
 }  // namespace
 
-const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(CExtFormulaGridCell& cell) {
+const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(int64_t key, CExtFormulaGridCell& cell) {
   if (!cell.m_bDepsKnown) {
     cell.m_deps.Empty();
-    if (cell.m_tree || Compile(cell)) cell.m_tree->CollectDependencies(this, m_alphabet, cell.m_deps);
+    if (cell.m_tree || CompileAt(cell, key))
+      cell.m_tree->CollectShiftedDependencies(this, m_alphabet, cell.m_deps, cell.m_nShiftColumns, cell.m_nShiftRows);
     cell.m_bDepsKnown = true;
   }
   return cell.m_deps;
@@ -59,7 +60,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
     UnregisterFormula(key);
     m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells});
   }
-  const CExtGridRangeSet& deps = Dependencies(cell);
+  const CExtGridRangeSet& deps = Dependencies(key, cell);
   long long blocks = 0, cells = 0;
   for (const CellRect& rect : deps.Rects()) {
     blocks += ((static_cast<long long>(rect.right) >> kBlockColumnShift) - (rect.left >> kBlockColumnShift) + 1) *
@@ -158,7 +159,7 @@ void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<i
   m_cellReaders.ForEachReader(PositionKey(column, row), [&](int64_t reader) { out.push_back(reader); });
   auto consider = [&](int64_t reader) {
     Registered* registered = m_formulas.Find(reader);
-    if (registered != nullptr && Dependencies(*registered->cell).Contains(column, row)) out.push_back(reader);
+    if (registered != nullptr && Dependencies(reader, *registered->cell).Contains(column, row)) out.push_back(reader);
   };
   const auto block = m_blockReaders.find(BlockKey(column, row));
   if (block != m_blockReaders.end())
@@ -219,7 +220,7 @@ void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, 
 void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
   result.clear();
   Registered* registered = m_formulas.Find(PositionKey(column, row));
-  if (registered != nullptr) AppendFormulaCellsIn(Dependencies(*registered->cell), result);
+  if (registered != nullptr) AppendFormulaCellsIn(Dependencies(PositionKey(column, row), *registered->cell), result);
 }
 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
@@ -231,6 +232,7 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
   // Only the cells asked for are ordered: precedents outside them hold current values.
   enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
   FlatKeyMap<uint8_t> state;
+  state.reserve(cells.size());
   for (const CellPos& p : cells) state.Insert(PositionKey(p.column, p.row), kWanted);
   struct Frame {
     CellPos pos;
@@ -243,8 +245,8 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
   auto enter = [&](CellPos p, uint8_t& mark) {
     mark = kOnStack;
     stack.push_back({p, precedents.size()});
-    if (const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row)))
-      AppendFormulaCellsIn(Dependencies(*registered->cell), precedents);
+    const int64_t key = PositionKey(p.column, p.row);
+    if (const Registered* registered = m_formulas.Find(key)) AppendFormulaCellsIn(Dependencies(key, *registered->cell), precedents);
     ends.push_back(precedents.size());
   };
   for (const CellPos& first : cells) {

@@ -50,6 +50,7 @@ void CExtFormulaGridCell::Assign(const grid::CExtGridCell& other) {
     m_nErrorCode = 0;
   }
   m_tree.reset();
+  m_nShiftColumns = m_nShiftRows = 0;
   m_pErrorItem = nullptr;
   m_bDepsKnown = false;
   m_bComputed = false;
@@ -85,11 +86,14 @@ bool CExtFormulaGridCell::ShiftFormula(CExtFormulaDataManager& manager, int dx, 
                                        const CExtGridRangeSet* filter) {
   if (dx == 0 && dy == 0) return true;
   if (!IsFormula()) return false;
-  if (!m_tree && !Compile(manager)) return false;
+  // The text is rewritten through a tree parsed from it: a shared tree knows the offsets of
+  // another cell's text.
+  std::unique_ptr<CExtFormulaItem> own = manager.Parse(m_strFormula);
+  if (!own) return false;
   m_pErrorItem = nullptr;
   std::string text = m_strFormula;
   // Named ranges are never rewritten: a name keeps pointing where it pointed.
-  m_tree->ShiftReferences(&manager, manager.GetAlphabet(), text, dx, dy, filter);
+  own->ShiftReferences(&manager, manager.GetAlphabet(), text, dx, dy, filter);
   m_strFormula = text;
   ResetCompiled();
   return true;
@@ -141,6 +145,7 @@ void CExtFormulaGridCell::ResetCompiled() {
   m_pErrorItem = nullptr;
   m_nErrorCode = 0;
   m_tree.reset();
+  m_nShiftColumns = m_nShiftRows = 0;
   // The set stays until it is collected again: the reverse index finds its entries by it.
   m_bDepsKnown = false;
   m_bComputed = false;
@@ -148,7 +153,8 @@ void CExtFormulaGridCell::ResetCompiled() {
 
 void CExtFormulaGridCell::GetDependencies(CExtGridRangeSet& set, CExtFormulaDataManager& manager) {
   set.Empty();
-  if (m_tree) m_tree->CollectDependencies(&manager, manager.GetAlphabet(), set);
+  if (m_tree)
+    m_tree->CollectShiftedDependencies(&manager, manager.GetAlphabet(), set, m_nShiftColumns, m_nShiftRows);
 }
 
 void CExtFormulaGridCell::ResultSet(const Variant& value, bool empty) {

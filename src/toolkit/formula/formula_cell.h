@@ -58,6 +58,8 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   const std::string& FormulaText() const { return m_strFormula; }
   // Hidden inside a join: another cell covers it.
   bool IsHiddenByJoin() const { return JoinGet().cx <= 0 || JoinGet().cy <= 0; }
+  // The parse tree; cells whose formulas differ only in where their cell names point relative
+  // to themselves share one, parsed for the first of them.
   const CExtFormulaItem* GetTree() const { return m_tree.get(); }
   const CExtFormulaItem* GetErrorItem() const { return m_pErrorItem; }
   int GetErrorCode() const { return m_nErrorCode; }
@@ -72,11 +74,13 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   void ShowMessage(std::string message, int code);
 
   std::string m_strFormula;
-  std::unique_ptr<CExtFormulaItem> m_tree;
+  std::shared_ptr<CExtFormulaItem> m_tree;
+  // This cell's offset from the cell the tree was parsed for.
+  int m_nShiftColumns = 0, m_nShiftRows = 0;
   const CExtFormulaItem* m_pErrorItem = nullptr;
-  int m_nErrorCode = 0;
   // The cells the tree reads, kept while the tree lives.
   CExtGridRangeSet m_deps;
+  int m_nErrorCode = 0;  // beside the flags: a million cells should not pay for padding
   bool m_bDepsKnown = false;
   bool m_bComputed = false;  // the stored value is the result of the present formula
   bool m_bPending = false;   // still to be computed in the running pass

@@ -128,11 +128,13 @@ bool CExtFormulaFunctionSet::Add(CExtFormulaFunction* function, bool replace) {
   if (!owned) return false;
   auto& slot = m_functions[owned->GetName()];
   if (slot && !replace) return false;
+  ++m_nChanges;
   slot = std::move(owned);
   return true;
 }
 
 bool CExtFormulaFunctionSet::Remove(const char* name) {
+  ++m_nChanges;
   return name != nullptr && m_functions.erase(name) > 0;
 }
 

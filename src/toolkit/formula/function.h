@@ -125,7 +125,10 @@ class CExtFormulaFunctionSet {
   // is deleted).
   virtual bool Add(CExtFormulaFunction* function, bool replace);
   virtual bool Remove(const char* name);
-  virtual void RemoveAll() { m_functions.clear(); }
+  virtual void RemoveAll() {
+    m_functions.clear();
+    ++m_nChanges;
+  }
   virtual Position GetFirstPosition() const { return m_functions.begin(); }
   // The function at `position` (null at the end) and the position moved to the next one of
   // `category` (-1: any).
@@ -138,9 +141,12 @@ class CExtFormulaFunctionSet {
     return RegisterAll(true);
   }
   size_t GetCount() const { return m_functions.size(); }
+  // Counts the changes of the set, so that what is derived from it can tell when to look again.
+  uint64_t GetChangeCount() const { return m_nChanges; }
 
  private:
   std::map<std::string, std::unique_ptr<CExtFormulaFunction>> m_functions;
+  uint64_t m_nChanges = 0;
 };
 
 }  // namespace qmk::toolkit::formula

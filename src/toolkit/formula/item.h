@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/variant/variant.h"
+#include "toolkit/formula/alphabet.h"
 #include "toolkit/formula/range_set.h"
 #include "toolkit/formula/value.h"
 
@@ -100,6 +101,18 @@ class CExtFormulaItem {
   // values.
   virtual void CollectDependencies(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
                                    CExtGridRangeSet& result) const;
+  // The same for a cell reading this tree from (dx, dy) away from the cell it was parsed for:
+  // its plain cell names point that much further (see m_cellName).
+  void CollectShiftedDependencies(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
+                                  CExtGridRangeSet& result, int dx, int dy) const;
+  // The text of this node as a cell (dx, dy) away would have it: the node's own text, or for a
+  // plain cell name of a shared tree the name of the moved cell, made in `buffer`.
+  const std::string& ReferenceText(const CExtFormulaAlphabet& alphabet, int dx, int dy,
+                                   std::string& buffer) const {
+    if ((dx == 0 && dy == 0) || m_cellName.column < 0) return m_strText;
+    buffer = alphabet.FormatCell(m_cellName.column + dx, m_cellName.row + dy);
+    return buffer;
+  }
 
   CExtFormulaItem* GetParent() const { return m_pParent; }
   bool IsRangeKind() const { return m_nKind == kKindRange || m_nKind == kKindIntersection; }
@@ -116,13 +129,20 @@ class CExtFormulaItem {
   CellRect m_rcPrimary;    // normalised
   CellRect m_rcSecondary;  // as written
   CExtGridRangeSet m_rangeSet;
+  // Set in trees shared by cells of one shape: the cell this identifier names, written exactly
+  // as FormatCell prints it. Each sharing cell reads it moved by its offset from the first.
+  CellPos m_cellName;
 
  private:
+  // A number literal's value, read from its text on the first computation: a shared tree
+  // computes it for every cell of its shape.
+  mutable platform::Variant m_number;
+  mutable bool m_bNumberKnown = false;
   void AppendText(std::string& out) const;
   // The cells an identifier or a range names, through the manager's named ranges or the
   // alphabet; false when the node names none.
   bool ReferenceCells(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
-                      CExtGridRangeSet& cells, CellRect* written) const;
+                      CExtGridRangeSet& cells, CellRect* written, int dx = 0, int dy = 0) const;
 };
 
 }  // namespace qmk::toolkit::formula

@@ -36,22 +36,34 @@ int Moved(int value, int delta) {
 }  // namespace
 
 bool CExtFormulaItem::ReferenceCells(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
-                                     CExtGridRangeSet& cells, CellRect* written) const {
+                                     CExtGridRangeSet& cells, CellRect* written, int dx, int dy) const {
   cells.Empty();
   CellRect as_written;
-  if (m_nKind == kKindIdentifier) {
-    if (const CExtGridRangeSet* named = NamedRange(manager, m_strText)) {
+  std::string buffer;
+  if (m_nKind == kKindIdentifier && m_cellName.column >= 0 && (manager == nullptr || manager->CellNamesAreCells())) {
+    as_written = {m_cellName.column + dx, m_cellName.row + dy, m_cellName.column + dx, m_cellName.row + dy};
+    cells.Add(as_written);
+  } else if (m_nKind == kKindRange && m_children.size() == 2 && m_children[0]->m_cellName.column >= 0 &&
+             m_children[1]->m_cellName.column >= 0) {
+    // Two plain cell names: no spelling out needed.
+    const CellPos a = m_children[0]->m_cellName, b = m_children[1]->m_cellName;
+    as_written = {a.column + dx, a.row + dy, b.column + dx, b.row + dy};
+    cells.Add(as_written);
+  } else if (m_nKind == kKindIdentifier) {
+    const std::string& text = ReferenceText(alphabet, dx, dy, buffer);
+    if (const CExtGridRangeSet* named = NamedRange(manager, text)) {
       cells.Assign(*named);
       if (!named->IsEmpty()) as_written = named->GetAt(0);
     } else {
-      const CellPos cell = IdentifierCell(alphabet, m_strText);
+      const CellPos cell = IdentifierCell(alphabet, text);
       if (cell.column < 0) return false;
       as_written = {cell.column, cell.row, cell.column, cell.row};
       cells.Add(as_written);
     }
   } else if (m_nKind == kKindRange && m_children.size() == 2) {
-    const std::string first = Upper(alphabet, m_children[0]->m_strText);
-    const std::string second = Upper(alphabet, m_children[1]->m_strText);
+    std::string other;
+    const std::string first = Upper(alphabet, m_children[0]->ReferenceText(alphabet, dx, dy, buffer));
+    const std::string second = Upper(alphabet, m_children[1]->ReferenceText(alphabet, dx, dy, other));
     bool bad1 = false, bad2 = false;
     as_written = alphabet.ParseRange(first.c_str(), second.c_str(), bad1, bad2, manager);
     if (bad1 || bad2 || as_written.left < 0) return false;
@@ -125,15 +137,32 @@ void CExtFormulaItem::CollectRects(const FormulaManager* manager, const CExtForm
 
 void CExtFormulaItem::CollectDependencies(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
                                           CExtGridRangeSet& result) const {
+  CollectShiftedDependencies(manager, alphabet, result, 0, 0);
+}
+
+void CExtFormulaItem::CollectShiftedDependencies(const FormulaManager* manager, const CExtFormulaAlphabet& alphabet,
+                                                 CExtGridRangeSet& result, int dx, int dy) const {
   CExtGridRangeSet cells;
+  std::string buffer;
   switch (m_nKind) {
-    case kKindIdentifier:
-      if (NamedRange(manager, m_strText) == nullptr && manager != nullptr &&
-          manager->IsBareNameFunction(m_strText))
+    case kKindIdentifier: {
+      if (m_cellName.column >= 0 && manager != nullptr && manager->CellNamesAreCells()) {
+        // A plain cell name of a shared tree: its moved cell, with no set made in between.
+        result.Add({m_cellName.column + dx, m_cellName.row + dy, m_cellName.column + dx, m_cellName.row + dy});
         return;
+      }
+      const std::string& text = ReferenceText(alphabet, dx, dy, buffer);
+      if (NamedRange(manager, text) == nullptr && manager != nullptr && manager->IsBareNameFunction(text)) return;
+    }
       [[fallthrough]];
     case kKindRange:
-      if (ReferenceCells(manager, alphabet, cells, nullptr)) result.UnionWith(cells);
+      if (m_nKind == kKindRange && m_children.size() == 2 && m_children[0]->m_cellName.column >= 0 &&
+          m_children[1]->m_cellName.column >= 0) {
+        const CellPos a = m_children[0]->m_cellName, b = m_children[1]->m_cellName;
+        result.Add({a.column + dx, a.row + dy, b.column + dx, b.row + dy});
+        return;
+      }
+      if (ReferenceCells(manager, alphabet, cells, nullptr, dx, dy)) result.UnionWith(cells);
       return;
     case kKindIntersection: {
       // As evaluation intersects its parts; a part that names no cells ends the walk quietly,
@@ -142,7 +171,7 @@ void CExtFormulaItem::CollectDependencies(const FormulaManager* manager, const C
       for (size_t i = 0; i < m_children.size(); ++i) {
         const CExtFormulaItem* child = m_children[i];
         if (child == nullptr || (child->m_nKind != kKindIdentifier && child->m_nKind != kKindRange) ||
-            !child->ReferenceCells(manager, alphabet, part, nullptr))
+            !child->ReferenceCells(manager, alphabet, part, nullptr, dx, dy))
           return;
         if (i == 0) running.Assign(part);
         else running.IntersectWith(part);
@@ -152,7 +181,7 @@ void CExtFormulaItem::CollectDependencies(const FormulaManager* manager, const C
     }
     default:
       for (const CExtFormulaItem* child : m_children)
-        if (child != nullptr) child->CollectDependencies(manager, alphabet, result);
+        if (child != nullptr) child->CollectShiftedDependencies(manager, alphabet, result, dx, dy);
   }
 }
 

@@ -7,6 +7,18 @@
 
 namespace qmk::toolkit::formula {
 
+// The slot order of position keys (column in the high half, row in the low): eight rows of a
+// column side by side, and those runs of eight scattered by a full mix. Recalculation walks
+// rows in order and finds them in one cache line; any pattern of cells spreads as well as a
+// plain hash would spread it.
+inline uint64_t NearbyHash(int64_t key) {
+  uint64_t x = (static_cast<uint64_t>(key) >> 3) + 0x9e3779b97f4a7c15ull;
+  x = (x ^ (x >> 30)) * 0xbf58476d1ce4e5b9ull;
+  x = (x ^ (x >> 27)) * 0x94d049bb133111ebull;
+  x ^= x >> 31;
+  return (x << 3) | (static_cast<uint64_t>(key) & 7);
+}
+
 template <typename V>
 class FlatKeyMap {
  public:
@@ -15,6 +27,13 @@ class FlatKeyMap {
   size_t size() const { return m_nCount; }
   bool empty() const { return m_nCount == 0; }
   void clear() { Reset(16); }
+
+  // Makes room for `count` keys at once, so that filling an empty map never grows it.
+  void reserve(size_t count) {
+    size_t capacity = 16;
+    while (capacity * 3 < count * 4 + 4) capacity *= 2;
+    if (capacity > m_keys.size()) Rehash(capacity);
+  }
 
   // The value of `key`, or null.
   V* Find(int64_t key) {
@@ -73,12 +92,8 @@ class FlatKeyMap {
   }
 
  private:
-  size_t Slot(int64_t key) const {
-    uint64_t x = static_cast<uint64_t>(key) + 0x9e3779b97f4a7c15ull;
-    x = (x ^ (x >> 30)) * 0xbf58476d1ce4e5b9ull;
-    x = (x ^ (x >> 27)) * 0x94d049bb133111ebull;
-    return static_cast<size_t>(x ^ (x >> 31)) & m_nMask;
-  }
+  // Runs of eight rows of a column take neighbouring slots (see NearbyHash).
+  size_t Slot(int64_t key) const { return static_cast<size_t>(NearbyHash(key)) & m_nMask; }
   void Reset(size_t capacity) {
     m_keys.assign(capacity, 0);
     m_values.assign(capacity, V());
@@ -86,14 +101,15 @@ class FlatKeyMap {
     m_nMask = capacity - 1;
     m_nCount = 0;
   }
-  void Grow() {
+  void Grow() { Rehash(m_keys.size() * 2); }
+  void Rehash(size_t capacity) {
     std::vector<int64_t> keys;
     std::vector<V> values;
     std::vector<uint8_t> used;
     keys.swap(m_keys);
     values.swap(m_values);
     used.swap(m_used);
-    Reset(keys.size() * 2);
+    Reset(capacity);
     for (size_t i = 0; i < keys.size(); ++i)
       if (used[i]) Insert(keys[i], values[i]);
   }

@@ -21,6 +21,9 @@ class FormulaManager {
   virtual const CExtGridRangeSet* FindNamedRange(const std::string& name) const = 0;
   // True when `name` is a function that may be used without parentheses ("TRUE", "RAND").
   virtual bool IsBareNameFunction(const std::string& name) const = 0;
+  // True when a text spelt exactly as the alphabet prints a cell can only name that cell: no
+  // named range or bare-name function could answer to it. Then the text need not be spelt out.
+  virtual bool CellNamesAreCells() const { return false; }
 };
 
 }  // namespace qmk::toolkit::formula

@@ -17,6 +17,11 @@ class FormulaContext {
   void insert(int64_t key) { m_set.Insert(key, 1); }
   size_t count(int64_t key) const { return m_set.Contains(key) ? 1 : 0; }
   size_t size() const { return m_set.size(); }
+  void reserve(size_t count) { m_set.reserve(count); }
+
+  // The offset of the cell being computed from the cell its tree was parsed for: cells of one
+  // shape share a tree, and its plain cell names are read that much further.
+  int m_nShiftColumns = 0, m_nShiftRows = 0;
 
  private:
   FlatKeySet m_set;

@@ -115,7 +115,7 @@ class CExtHashMapT {
   void RemoveAll() {
     std::vector<uint32_t>().swap(buckets_);
     std::vector<std::unique_ptr<Node[]>>().swap(blocks_);
-    std::vector<uint32_t>().swap(index_);
+    std::vector<uint64_t>().swap(index_);
     free_ = kNone;
     count_ = 0;
     used_ = 0;
@@ -169,7 +169,7 @@ class CExtHashMapT {
   // Bytes held by the map's own structures (blocks, buckets, side index).
   size_t MemoryUsed() const {
     return blocks_.size() * (block_size_ * sizeof(Node) + sizeof(std::unique_ptr<Node[]>)) +
-           buckets_.capacity() * sizeof(uint32_t) + index_.capacity() * sizeof(uint32_t);
+           buckets_.capacity() * sizeof(uint32_t) + index_.capacity() * sizeof(uint64_t);
   }
 
  private:
@@ -210,45 +210,67 @@ class CExtHashMapT {
     return x ^ (x >> 33);
   }
 
-  // The home slot of a key: the mixed hash scaled to the table's size, which need not be a power
-  // of two, so the table grows by half and stays fuller than a doubling one.
-  size_t Home(const KEY& key) const {
-    return static_cast<size_t>((static_cast<unsigned __int128>(Mix(key)) * index_.size()) >> 64);
+  // The side index keeps, beside each node number, a 32-bit tag of the key: a probe that meets
+  // another key is told apart without reading its node, and growing the index reads no node at
+  // all. Slot: tag << 32 | (node number + 1); 0 is empty. A position key's tag keeps runs of
+  // eight rows of a column together, so that walking a sheet row by row finds its cells in
+  // neighbouring slots; other keys are mixed. (The grid's position key holds the column in the
+  // low half, the row in the high.)
+  static uint32_t Tag(const KEY& key) {
+    if constexpr (std::is_same_v<KEY, int64_t>) {
+      // Eight rows of a column side by side, those runs scattered by the mix.
+      const uint64_t column = static_cast<uint32_t>(key), row = static_cast<uint64_t>(key) >> 32;
+      const uint64_t run = Mix(static_cast<KEY>((row >> 3) << 32 | column)) >> 32;
+      return static_cast<uint32_t>((run << 3) | (row & 7));
+    } else {
+      return static_cast<uint32_t>(Mix(key) >> 32);
+    }
   }
+  static uint64_t Slot(uint32_t tag, uint32_t n) { return (static_cast<uint64_t>(tag) << 32) | (n + 1); }
+  static uint32_t SlotNode(uint64_t slot) { return static_cast<uint32_t>(slot) - 1; }
+  static uint32_t SlotTag(uint64_t slot) { return static_cast<uint32_t>(slot >> 32); }
+
+  // The home slot of a tag; the table's size need not be a power of two, so it grows by half and
+  // stays fuller than a doubling one.
+  size_t Home(uint32_t tag) const { return static_cast<size_t>(tag % index_.size()); }
   size_t NextSlot(size_t i) const { return i + 1 == index_.size() ? 0 : i + 1; }
 
   uint32_t Find(const KEY& key) const {
     if (index_.empty()) return kNone;
-    for (size_t i = Home(key);; i = NextSlot(i)) {
-      const uint32_t slot = index_[i];
+    const uint32_t tag = Tag(key);
+    for (size_t i = Home(tag);; i = NextSlot(i)) {
+      const uint64_t slot = index_[i];
       if (slot == 0) return kNone;
-      if (NodeAt(slot - 1).key == key) return slot - 1;
+      if (SlotTag(slot) == tag && NodeAt(SlotNode(slot)).key == key) return SlotNode(slot);
     }
   }
 
   void IndexInsert(uint32_t n) {
     if ((used_ + 1) * 4 > index_.size() * 3) GrowIndex();
-    size_t i = Home(NodeAt(n).key);
+    IndexPlace(Slot(Tag(NodeAt(n).key), n));
+  }
+  void IndexPlace(uint64_t slot) {
+    size_t i = Home(SlotTag(slot));
     while (index_[i] != 0) i = NextSlot(i);
-    index_[i] = n + 1;
+    index_[i] = slot;
     ++used_;
   }
 
   void GrowIndex() {
-    std::vector<uint32_t> old;
+    std::vector<uint64_t> old;
     old.swap(index_);
     index_.assign(old.empty() ? 16 : old.size() + old.size() / 2, 0);
     used_ = 0;
-    for (uint32_t slot : old)
-      if (slot != 0) IndexInsert(slot - 1);
+    for (uint64_t slot : old)
+      if (slot != 0) IndexPlace(slot);
   }
 
   // Removal with backward shifting, so that no tombstones pile up.
   void IndexErase(uint32_t n) {
-    size_t i = Home(NodeAt(n).key);
-    while (index_[i] != n + 1) i = NextSlot(i);
+    size_t i = Home(Tag(NodeAt(n).key));
+    while (index_[i] == 0 || SlotNode(index_[i]) != n) i = NextSlot(i);
     for (size_t j = NextSlot(i); index_[j] != 0; j = NextSlot(j)) {
-      const size_t home = Home(NodeAt(index_[j] - 1).key);
+      const size_t home = Home(SlotTag(index_[j]));
       // Move j back to the hole at i when its home does not lie cyclically in (i, j].
       const bool between = i <= j ? (home > i && home <= j) : (home > i || home <= j);
       if (!between) {
@@ -308,7 +330,7 @@ class CExtHashMapT {
 
   std::vector<uint32_t> buckets_;
   std::vector<std::unique_ptr<Node[]>> blocks_;
-  std::vector<uint32_t> index_;
+  std::vector<uint64_t> index_;
   uint32_t free_ = kNone;
   uint32_t bucket_count_ = 17;
   uint32_t count_ = 0;
