@@ -166,6 +166,17 @@ class CExtHashMapT {
     return ar.ok();
   }
 
+  // How many side-index slots a lookup of `key` reads (0 when absent): how crowded it is there.
+  size_t ProbeLength(ARG_KEY key) const {
+    if (index_.empty()) return 0;
+    size_t count = 1;
+    for (Probe p = Home(Tag(key));; Advance(p), ++count) {
+      const uint64_t slot = index_[At(p)];
+      if (slot == 0) return 0;
+      if (NodeAt(SlotNode(slot)).key == key) return count;
+    }
+  }
+
   // Bytes held by the map's own structures (blocks, buckets, side index).
   size_t MemoryUsed() const {
     return blocks_.size() * (block_size_ * sizeof(Node) + sizeof(std::unique_ptr<Node[]>)) +
@@ -212,16 +223,21 @@ class CExtHashMapT {
 
   // The side index keeps, beside each node number, a 32-bit tag of the key: a probe that meets
   // another key is told apart without reading its node, and growing the index reads no node at
-  // all. Slot: tag << 32 | (node number + 1); 0 is empty. A position key's tag keeps runs of
-  // eight rows of a column together, so that walking a sheet row by row finds its cells in
-  // neighbouring slots; other keys are mixed. (The grid's position key holds the column in the
-  // low half, the row in the high.)
+  // all. Slot: tag << 32 | (node number + 1); 0 is empty.
+  //
+  // The index is cut into windows of up to 64 slots. A position key's tile of 8 rows by 8
+  // columns (the grid's position key holds the column in the low half, the row in the high) has
+  // one window, row by row and rotated by the tile's mix, so that walking a sheet row by row finds
+  // its cells in neighbouring slots. Probing walks "lanes" (slot o of every window, then slot
+  // o + 1 of every window): two keys of a tile never share a lane and each lane's keys come from
+  // differently mixed tiles, so no pattern of cells piles up in one stretch. Other keys are mixed.
+  // The tag's low 6 bits choose the lane, the rest the window.
   static uint32_t Tag(const KEY& key) {
     if constexpr (std::is_same_v<KEY, int64_t>) {
-      // Eight rows of a column side by side, those runs scattered by the mix.
       const uint64_t column = static_cast<uint32_t>(key), row = static_cast<uint64_t>(key) >> 32;
-      const uint64_t run = Mix(static_cast<KEY>((row >> 3) << 32 | column)) >> 32;
-      return static_cast<uint32_t>((run << 3) | (row & 7));
+      const uint64_t tile = Mix(static_cast<KEY>((row >> 3) << 32 | (column >> 3)));
+      const uint64_t inTile = ((row & 7) << 3) | (column & 7);
+      return static_cast<uint32_t>(((tile >> 32) & ~uint64_t{63}) | ((inTile ^ tile) & 63));
     } else {
       return static_cast<uint32_t>(Mix(key) >> 32);
     }
@@ -230,16 +246,28 @@ class CExtHashMapT {
   static uint32_t SlotNode(uint64_t slot) { return static_cast<uint32_t>(slot) - 1; }
   static uint32_t SlotTag(uint64_t slot) { return static_cast<uint32_t>(slot >> 32); }
 
-  // The home slot of a tag; the table's size need not be a power of two, so it grows by half and
-  // stays fuller than a doubling one.
-  size_t Home(uint32_t tag) const { return static_cast<size_t>(tag % index_.size()); }
-  size_t NextSlot(size_t i) const { return i + 1 == index_.size() ? 0 : i + 1; }
+  // A place in probe order: a lane and a window. The index holds `windows_` windows of `width_`
+  // slots; its size grows by half (a multiple of 64 once past 64) and so stays fuller than a
+  // doubling one.
+  struct Probe {
+    size_t lane;
+    size_t window;
+  };
+  Probe Home(uint32_t tag) const { return {(tag & 63u) % width_, (tag >> 6) % windows_}; }
+  size_t At(Probe p) const { return p.window * width_ + p.lane; }
+  void Advance(Probe& p) const {
+    if (++p.window < windows_) return;
+    p.window = 0;
+    if (++p.lane == width_) p.lane = 0;
+  }
+  // The place in the cyclic probe order, for telling whether one entry lies between two others.
+  size_t Order(Probe p) const { return p.lane * windows_ + p.window; }
 
   uint32_t Find(const KEY& key) const {
     if (index_.empty()) return kNone;
     const uint32_t tag = Tag(key);
-    for (size_t i = Home(tag);; i = NextSlot(i)) {
-      const uint64_t slot = index_[i];
+    for (Probe p = Home(tag);; Advance(p)) {
+      const uint64_t slot = index_[At(p)];
       if (slot == 0) return kNone;
       if (SlotTag(slot) == tag && NodeAt(SlotNode(slot)).key == key) return SlotNode(slot);
     }
@@ -250,35 +278,42 @@ class CExtHashMapT {
     IndexPlace(Slot(Tag(NodeAt(n).key), n));
   }
   void IndexPlace(uint64_t slot) {
-    size_t i = Home(SlotTag(slot));
-    while (index_[i] != 0) i = NextSlot(i);
-    index_[i] = slot;
+    Probe p = Home(SlotTag(slot));
+    while (index_[At(p)] != 0) Advance(p);
+    index_[At(p)] = slot;
     ++used_;
   }
 
   void GrowIndex() {
     std::vector<uint64_t> old;
     old.swap(index_);
-    index_.assign(old.empty() ? 16 : old.size() + old.size() / 2, 0);
+    size_t size = old.empty() ? 16 : old.size() + old.size() / 2;
+    if (size > 64) size = (size + 63) / 64 * 64;
+    width_ = size < 64 ? size : 64;
+    windows_ = size / width_;
+    index_.assign(size, 0);
     used_ = 0;
     for (uint64_t slot : old)
       if (slot != 0) IndexPlace(slot);
   }
 
-  // Removal with backward shifting, so that no tombstones pile up.
+  // Removal with backward shifting along the probe order, so that no tombstones pile up.
   void IndexErase(uint32_t n) {
-    size_t i = Home(Tag(NodeAt(n).key));
-    while (index_[i] == 0 || SlotNode(index_[i]) != n) i = NextSlot(i);
-    for (size_t j = NextSlot(i); index_[j] != 0; j = NextSlot(j)) {
-      const size_t home = Home(SlotTag(index_[j]));
-      // Move j back to the hole at i when its home does not lie cyclically in (i, j].
+    Probe p = Home(Tag(NodeAt(n).key));
+    while (index_[At(p)] == 0 || SlotNode(index_[At(p)]) != n) Advance(p);
+    size_t i = Order(p);
+    Probe q = p;
+    for (Advance(q); index_[At(q)] != 0; Advance(q)) {
+      const size_t j = Order(q), home = Order(Home(SlotTag(index_[At(q)])));
+      // Move q back to the hole at p when its home does not lie cyclically in (p, q].
       const bool between = i <= j ? (home > i && home <= j) : (home > i || home <= j);
       if (!between) {
-        index_[i] = index_[j];
+        index_[At(p)] = index_[At(q)];
+        p = q;
         i = j;
       }
     }
-    index_[i] = 0;
+    index_[At(p)] = 0;
     --used_;
   }
 
@@ -335,6 +370,8 @@ class CExtHashMapT {
   uint32_t bucket_count_ = 17;
   uint32_t count_ = 0;
   uint32_t used_ = 0;
+  size_t width_ = 1;    // slots per window of the side index
+  size_t windows_ = 1;  // windows in the side index
   uint32_t block_size_;
 };
 
