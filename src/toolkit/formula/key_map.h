@@ -11,8 +11,8 @@ namespace qmk::toolkit::formula {
 // The slot order of position keys (column in the high half, row in the low). A tile of 8 rows by
 // 8 columns takes one window of 64 neighbouring slots, row by row, so that recalculation walking
 // a sheet's rows finds a row's cells in one cache line and the next rows beside them; the
-// windows are scattered by a full mix of the tile, and each tile's cells are rotated within the
-// window by another part of that mix.
+// windows are scattered by a full mix of the tile, and each tile's slots are permuted (an xor
+// with another part of that mix) so that a row of the tile still shares one group of eight slots.
 //
 // Probing does not walk along the slots but down the "lanes": lane o is slot o of every window,
 // one after the other, then lane o + 1. Two keys of one tile never share a lane, and the keys in

@@ -227,7 +227,7 @@ class CExtHashMapT {
   //
   // The index is cut into windows of up to 64 slots. A position key's tile of 8 rows by 8
   // columns (the grid's position key holds the column in the low half, the row in the high) has
-  // one window, row by row and rotated by the tile's mix, so that walking a sheet row by row finds
+  // one window, row by row and permuted by the tile's mix, so that walking a sheet row by row finds
   // its cells in neighbouring slots. Probing walks "lanes" (slot o of every window, then slot
   // o + 1 of every window): two keys of a tile never share a lane and each lane's keys come from
   // differently mixed tiles, so no pattern of cells piles up in one stretch. Other keys are mixed.
