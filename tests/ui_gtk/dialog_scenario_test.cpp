@@ -125,13 +125,7 @@ class GtkDialogTest : public GtkSession {
   void SetUp() override {
     GtkSession::SetUp();
     if (IsSkipped() || HasFatalFailure()) return;
-    // The window system picks its back end once, on first need: the module built beside us.
-    static const bool chosen = [] {
-      setenv("QMK_UI", "gtk3", 1);
-      setenv("QMK_UI_MODULE_DIR", std::filesystem::path(QMK_UI_GTK3_MODULE).parent_path().c_str(), 1);
-      return true;
-    }();
-    ASSERT_TRUE(chosen);
+    UseGtkModule();
     ASSERT_STREQ(CurrentBackend().Name(), "gtk3") << "the GTK module did not load";
     testing::RegisterTestControls();
     SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {

@@ -15,6 +15,17 @@
 
 namespace qmk::testing {
 
+// Makes the window system take the GTK module built beside the tests. It picks its back end once,
+// on first need, so the environment must be set before anything asks.
+inline void UseGtkModule() {
+  static const bool chosen = [] {
+    setenv("QMK_UI", "gtk3", 1);
+    setenv("QMK_UI_MODULE_DIR", std::filesystem::path(QMK_UI_GTK3_MODULE).parent_path().c_str(), 1);
+    return true;
+  }();
+  (void)chosen;
+}
+
 // Counts GLib warnings and criticals, which GTK prints instead of failing on misuse.
 inline int& GtkComplaints() {
   static int count = 0;

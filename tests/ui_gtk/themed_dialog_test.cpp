@@ -67,13 +67,7 @@ class GtkThemedDialog : public GtkSession {
   void SetUp() override {
     GtkSession::SetUp();
     if (IsSkipped() || HasFatalFailure()) return;
-    static const bool chosen = [] {
-      setenv("QMK_UI", "gtk3", 1);
-      setenv("QMK_UI_MODULE_DIR",
-             std::filesystem::path(QMK_UI_GTK3_MODULE).parent_path().c_str(), 1);
-      return true;
-    }();
-    ASSERT_TRUE(chosen);
+    UseGtkModule();
     ASSERT_STREQ(CurrentBackend().Name(), "gtk3") << "the GTK module did not load";
     ClearDialogScripts();
     ASSERT_TRUE(Select(kOffice2007));
