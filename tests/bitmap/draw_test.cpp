@@ -235,6 +235,33 @@ TEST(CmdIcon, StateDrawingForms) {
   EXPECT_FALSE(CExtCmdIcon().Paint(dc, 0, 0, 0));
 }
 
+TEST(DrawTarget, OpaqueFillsKeepTheirColourTheBoundsAndTheClip) {
+  DrawTarget dc(4, 3);
+  dc.FillRect({-2, -2, 10, 10}, 0xFF123456);
+  for (int y = 0; y < 3; ++y)
+    for (int x = 0; x < 4; ++x) ASSERT_EQ(dc.GetPixel(x, y), 0xFF123456u) << x << "," << y;
+  dc.SetClip({1, 1, 3, 2});
+  dc.FillRect({0, 0, 4, 3}, kRed);
+  EXPECT_EQ(dc.GetPixel(1, 1), kRed);
+  EXPECT_EQ(dc.GetPixel(2, 1), kRed);
+  for (auto [x, y] : {std::pair{0, 1}, {3, 1}, {1, 0}, {1, 2}}) EXPECT_EQ(dc.GetPixel(x, y), 0xFF123456u);
+  dc.SetClip({});
+  dc.FillRect({0, 0, 1, 1}, 0x800000FF);
+  EXPECT_EQ(dc.GetPixel(0, 0), 0x800000FFu) << "a translucent fill replaces the pixel too";
+}
+
+TEST(DrawTarget, PictureOfATargetCopiesItsColoursBack) {
+  DrawTarget src(2, 1);
+  src.FillRect({0, 0, 1, 1}, 0x800000FF);
+  src.FillRect({1, 0, 2, 1}, 0x00FF0000);
+  std::unique_ptr<qmk::platform::DeviceImage> image = qmk::platform::DeviceImage::Create(src.Pixels());
+  ASSERT_TRUE(image);
+  DrawTarget dc(2, 1);
+  ASSERT_TRUE(dc.Blit(*image, {0, 0, 2, 1}, {0, 0, 2, 1}, qmk::platform::kRopSourceCopy));
+  EXPECT_EQ(dc.GetPixel(0, 0), kRed) << "half-covered red copies as full red";
+  EXPECT_EQ(dc.GetPixel(1, 0), 0xFF000000u) << "nothing under alpha 0 to bring back";
+}
+
 TEST(DrawTarget, WritesPng) {
   DrawTarget dc(3, 2);
   dc.FillRect({0, 0, 3, 2}, kGreen);

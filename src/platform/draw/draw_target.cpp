@@ -33,36 +33,68 @@ std::unique_ptr<DeviceImage> DeviceImage::Create(const PixelView& v) {
     return nullptr;
   std::unique_ptr<DeviceImage> image(new DeviceImage());
   image->blend_ = NewSurface(CAIRO_FORMAT_ARGB32, v.width, v.height);
-  image->copy_ = NewSurface(CAIRO_FORMAT_RGB24, v.width, v.height);
-  if (!image->blend_ || !image->copy_) return nullptr;
+  if (!image->blend_) return nullptr;
   image->width_ = v.width;
   image->height_ = v.height;
   cairo_surface_flush(image->blend_);
-  cairo_surface_flush(image->copy_);
   uint8_t* blend = cairo_image_surface_get_data(image->blend_);
-  uint8_t* copy = cairo_image_surface_get_data(image->copy_);
   const int bs = cairo_image_surface_get_stride(image->blend_);
-  const int cs = cairo_image_surface_get_stride(image->copy_);
-  for (int y = 0; y < v.height; ++y) {
-    const uint8_t* in = v.top_row + y * v.stride;
-    uint8_t* b = blend + static_cast<ptrdiff_t>(y) * bs;
-    uint8_t* c = copy + static_cast<ptrdiff_t>(y) * cs;
-    for (int x = 0; x < v.width; ++x, in += 4, b += 4, c += 4) {
-      const unsigned a = in[3];
-      // A plain copy keeps each pixel's own colour whatever its alpha, as a blit of the bytes
-      // would; a blend needs the colour premultiplied.
-      for (int k = 0; k < 3; ++k) {
-        const unsigned plain = v.premultiplied && a ? std::min(255u, in[k] * 255u / a) : in[k];
-        c[k] = static_cast<uint8_t>(plain);
-        b[k] = static_cast<uint8_t>(v.premultiplied ? in[k] : in[k] * a / 255);
+  if (v.premultiplied) {
+    // Already the blend form byte for byte; the plain copy's colours can be recovered from it,
+    // so that form is made only when a copy asks for it.
+    for (int y = 0; y < v.height; ++y)
+      std::memcpy(blend + static_cast<ptrdiff_t>(y) * bs, v.top_row + y * v.stride,
+                  static_cast<size_t>(v.width) * 4);
+  } else {
+    // A straight-alpha picture loses its colour under alpha 0 when premultiplied, so its plain
+    // form is kept from the start.
+    image->copy_ = NewSurface(CAIRO_FORMAT_RGB24, v.width, v.height);
+    if (!image->copy_) return nullptr;
+    cairo_surface_flush(image->copy_);
+    uint8_t* copy = cairo_image_surface_get_data(image->copy_);
+    const int cs = cairo_image_surface_get_stride(image->copy_);
+    for (int y = 0; y < v.height; ++y) {
+      const uint8_t* in = v.top_row + y * v.stride;
+      uint8_t* b = blend + static_cast<ptrdiff_t>(y) * bs;
+      uint8_t* c = copy + static_cast<ptrdiff_t>(y) * cs;
+      for (int x = 0; x < v.width; ++x, in += 4, b += 4, c += 4) {
+        const unsigned a = in[3];
+        for (int k = 0; k < 3; ++k) {
+          c[k] = in[k];
+          b[k] = static_cast<uint8_t>(in[k] * a / 255);
+        }
+        c[3] = 255;
+        b[3] = static_cast<uint8_t>(a);
       }
-      c[3] = 255;
-      b[3] = static_cast<uint8_t>(a);
     }
+    cairo_surface_mark_dirty(image->copy_);
   }
   cairo_surface_mark_dirty(image->blend_);
-  cairo_surface_mark_dirty(image->copy_);
   return image;
+}
+
+// A plain copy keeps each pixel's own colour whatever its alpha, as a blit of the bytes would,
+// so the premultiplied colours are divided back out.
+cairo_surface_t* DeviceImage::copy_surface() const {
+  if (copy_ || !blend_) return copy_;
+  copy_ = NewSurface(CAIRO_FORMAT_RGB24, width_, height_);
+  if (!copy_) return nullptr;
+  cairo_surface_flush(copy_);
+  const uint8_t* blend = cairo_image_surface_get_data(blend_);
+  uint8_t* copy = cairo_image_surface_get_data(copy_);
+  const int bs = cairo_image_surface_get_stride(blend_);
+  const int cs = cairo_image_surface_get_stride(copy_);
+  for (int y = 0; y < height_; ++y) {
+    const uint8_t* b = blend + static_cast<ptrdiff_t>(y) * bs;
+    uint8_t* c = copy + static_cast<ptrdiff_t>(y) * cs;
+    for (int x = 0; x < width_; ++x, b += 4, c += 4) {
+      const unsigned a = b[3];
+      for (int k = 0; k < 3; ++k) c[k] = static_cast<uint8_t>(a ? std::min(255u, b[k] * 255u / a) : b[k]);
+      c[3] = 255;
+    }
+  }
+  cairo_surface_mark_dirty(copy_);
+  return copy_;
 }
 
 DeviceImage::~DeviceImage() {
@@ -109,6 +141,12 @@ bool DrawTarget::RectVisible(const DrawRect& r) const {
 
 void DrawTarget::FillRect(const DrawRect& r, uint32_t rgba) {
   if (!cr_ || r.IsEmpty()) return;
+  if ((rgba >> 24) == 0xFF) {
+    // Themes build their faces from thousands of one-row fills; an opaque colour is the same
+    // pixel word whatever the rounding, so it is written straight into the rows.
+    FillOpaque(r, rgba);
+    return;
+  }
   cairo_save(cr_);
   cairo_set_operator(cr_, CAIRO_OPERATOR_SOURCE);
   cairo_set_source_rgba(cr_, (rgba & 0xFF) / 255.0, ((rgba >> 8) & 0xFF) / 255.0,
@@ -116,6 +154,23 @@ void DrawTarget::FillRect(const DrawRect& r, uint32_t rgba) {
   cairo_rectangle(cr_, r.left, r.top, r.Width(), r.Height());
   cairo_fill(cr_);
   cairo_restore(cr_);
+}
+
+void DrawTarget::FillOpaque(const DrawRect& r, uint32_t rgba) {
+  DrawRect visible = Intersect(r, {0, 0, width_, height_});
+  if (!clip_.IsEmpty()) visible = Intersect(visible, clip_);
+  if (visible.IsEmpty()) return;
+  // Cairo's ARGB32 pixel is one native word: alpha, red, green, blue from the high byte down.
+  const uint32_t pixel = 0xFF000000u | (rgba & 0xFFu) << 16 | (rgba & 0xFF00u) | (rgba >> 16 & 0xFFu);
+  cairo_surface_flush(surface_);
+  uint8_t* data = cairo_image_surface_get_data(surface_);
+  const int stride = cairo_image_surface_get_stride(surface_);
+  for (int y = visible.top; y < visible.bottom; ++y) {
+    uint32_t* row = reinterpret_cast<uint32_t*>(data + static_cast<ptrdiff_t>(y) * stride);
+    std::fill(row + visible.left, row + visible.right, pixel);
+  }
+  cairo_surface_mark_dirty_rectangle(surface_, visible.left, visible.top, visible.Width(),
+                                     visible.Height());
 }
 
 bool DrawTarget::Paint(cairo_surface_t* s, const DrawRect& dst, const DrawRect& src, bool copy,
@@ -166,6 +221,11 @@ bool DrawTarget::WritePng(const std::string& path) const {
   if (!surface_) return false;
   cairo_surface_flush(surface_);
   return cairo_surface_write_to_png(surface_, path.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+cairo_surface_t* DrawTarget::FlushedSurface() const {
+  if (surface_) cairo_surface_flush(surface_);
+  return surface_;
 }
 
 PixelView DrawTarget::Pixels() const {

@@ -51,13 +51,14 @@ class DeviceImage {
   int height() const { return height_; }
   // Premultiplied with alpha, for blending.
   cairo_surface_t* blend_surface() const { return blend_; }
-  // Colour only, every pixel opaque, for plain copies.
-  cairo_surface_t* copy_surface() const { return copy_; }
+  // Colour only, every pixel opaque, for plain copies; made on first use from a premultiplied
+  // picture, which most pictures drawn only by blending are.
+  cairo_surface_t* copy_surface() const;
 
  private:
   DeviceImage() = default;
   cairo_surface_t* blend_ = nullptr;
-  cairo_surface_t* copy_ = nullptr;
+  mutable cairo_surface_t* copy_ = nullptr;
   int width_ = 0, height_ = 0;
 };
 
@@ -99,9 +100,13 @@ class DrawTarget {
   uint32_t GetPixel(int x, int y) const;
   // The target's pixels (premultiplied), valid until the next drawing; empty when not ok().
   PixelView Pixels() const;
+  // The target's own surface, flushed, for laying the whole picture onto another cairo
+  // surface without a copy; null when not ok().
+  cairo_surface_t* FlushedSurface() const;
   bool WritePng(const std::string& path) const;
 
  private:
+  void FillOpaque(const DrawRect& r, uint32_t rgba);
   bool Paint(cairo_surface_t* s, const DrawRect& dst, const DrawRect& src, bool copy,
              double alpha);
 

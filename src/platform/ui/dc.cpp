@@ -162,6 +162,18 @@ bool Dc::DrawImage(DeviceImage& image, const Rect& dst, const Rect& src, uint8_t
   return true;
 }
 
+bool Dc::DrawPicture(const DrawTarget& picture, const Point& at) {
+  cairo_surface_t* surface = picture.FlushedSurface();
+  if (!surface) return false;
+  cairo_save(cr_);
+  cairo_rectangle(cr_, at.x, at.y, picture.width(), picture.height());
+  cairo_clip(cr_);
+  cairo_set_source_surface(cr_, surface, at.x, at.y);
+  cairo_paint(cr_);
+  cairo_restore(cr_);
+  return true;
+}
+
 void Dc::IntersectClip(const Rect& r) {
   cairo_rectangle(cr_, r.left, r.top, std::max(0, r.Width()), std::max(0, r.Height()));
   cairo_clip(cr_);

@@ -87,6 +87,8 @@ class Dc {
   int DrawText(const std::string& text, Rect* r, unsigned format);
   // Draws a picture of the drawing target's form.
   bool DrawImage(DeviceImage& image, const Rect& dst, const Rect& src, uint8_t alpha = 255);
+  // Lays a whole drawing target's picture, unscaled, with its corner at `at`.
+  bool DrawPicture(const DrawTarget& picture, const Point& at);
   // Limits further drawing to `r` as well (intersected with the clip of painting).
   void IntersectClip(const Rect& r);
 

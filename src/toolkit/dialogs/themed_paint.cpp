@@ -14,9 +14,7 @@ bool PaintThemed(ui::Dc* dc, const ui::Rect& rc, const ThemePainter& painter) {
   platform::DrawTarget target(rc.Width(), rc.Height());
   if (!target.ok()) return false;
   painter(target, platform::DrawRect{0, 0, rc.Width(), rc.Height()});
-  auto image = platform::DeviceImage::Create(target.Pixels());
-  if (!image) return false;
-  return dc->DrawImage(*image, rc, ui::Rect{0, 0, rc.Width(), rc.Height()});
+  return dc->DrawPicture(target, ui::Point{rc.left, rc.top});
 }
 
 bool PaintDialogBackgroundOn(ui::HWND hwnd, ui::Dc* dc, uint32_t colour) {

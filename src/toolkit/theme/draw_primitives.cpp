@@ -22,6 +22,16 @@ int CornerInset(int y, int height, int radius) {
   return static_cast<int>(std::lround(radius - std::sqrt(std::max(0.0, radius * radius - dy * dy))));
 }
 
+// The rows of a face `height` rows high at `rc` that fall on the target: a control paints its
+// part of the parent's background by drawing the parent's whole face shifted, so most rows lie
+// outside and are skipped rather than filled and clipped one by one.
+struct RowSpan {
+  int first, end;
+};
+RowSpan RowsOnTarget(const DrawTarget& dc, const DrawRect& rc, int height) {
+  return {std::max(0, -rc.top), std::min(height, dc.height() - rc.top)};
+}
+
 // `num`/`den` of the way from a to b, per channel.
 uint32_t Lerp(uint32_t a, uint32_t b, int num, int den) {
   if (den <= 0) return a;
@@ -64,7 +74,8 @@ void FocusFrame(DrawTarget& dc, const DrawRect& rc, uint32_t rgb) {
 
 void ShadedFace(DrawTarget& dc, const DrawRect& rc, uint32_t top, uint32_t bottom, int radius) {
   const int h = rc.Height();
-  for (int y = 0; y < h; ++y) {
+  const RowSpan rows = RowsOnTarget(dc, rc, h);
+  for (int y = rows.first; y < rows.end; ++y) {
     const uint32_t row = Lerp(top, bottom, y, h - 1);
     const int inset = CornerInset(y, h, radius);
     Fill(dc, {rc.left + inset, rc.top + y, rc.right - inset, rc.top + y + 1}, row);
@@ -78,7 +89,8 @@ void GlossyFace(DrawTarget& dc, const DrawRect& rc, uint32_t top, uint32_t botto
   // a lighter one: the step at the split is what makes the face look glassy.
   const uint32_t upper_top = bitmap::Mix100(0xFFFFFF, top, 60);
   const uint32_t lower_bottom = bitmap::Mix100(0xFFFFFF, bottom, 30);
-  for (int y = 0; y < h; ++y) {
+  const RowSpan rows = RowsOnTarget(dc, rc, h);
+  for (int y = rows.first; y < rows.end; ++y) {
     const uint32_t c = y < mid ? Lerp(upper_top, top, y, mid - 1) : Lerp(bottom, lower_bottom, y - mid, h - mid - 1);
     const int inset = CornerInset(y, h, radius);
     Fill(dc, {rc.left + inset, rc.top + y, rc.right - inset, rc.top + y + 1}, c);
