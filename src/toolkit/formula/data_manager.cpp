@@ -399,10 +399,11 @@ void CExtFormulaDataManager::WalkCycles(int64_t key, std::map<int64_t, int64_t>&
                                         long& budget) {
   if (--budget < 0) return;
   stack.push_back(key);
-  std::vector<int64_t> direct;
+  std::vector<FormulaAt> direct;
   const CellPos at = KeyPosition(key);
   DirectDependents(at.column, at.row, direct);
-  for (int64_t reader : direct) {
+  for (const FormulaAt& found : direct) {
+    const int64_t reader = PositionKey(found.pos.column, found.pos.row);
     if (std::find(stack.begin(), stack.end(), reader) != stack.end()) {
       cycles[reader] = key;
       cycles[key] = reader;
@@ -419,13 +420,12 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
   WalkCycles(PositionKey(column, row), cycles, stack, budget);
 }
 
-std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order,
+std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<FormulaAt>& order,
                                                           CellPos skip) {
   // Cells still to come in `order` are stale to whoever reads them in the meantime.
   std::vector<CExtFormulaGridCell*> cells(order.size());
   for (size_t i = 0; i < order.size(); ++i) {
-    const Registered* registered = m_formulas.Find(PositionKey(order[i].column, order[i].row));
-    cells[i] = registered != nullptr ? registered->cell : GetCell(order[i].column, order[i].row);
+    cells[i] = order[i].cell != nullptr ? order[i].cell : GetCell(order[i].pos.column, order[i].pos.row);
     if (cells[i] != nullptr) cells[i]->m_bPending = true;
   }
   ++m_nPassDepth;
@@ -434,7 +434,7 @@ std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& cont
   for (size_t i = 0; i < order.size(); ++i) {
     CExtFormulaGridCell* cell = cells[i];
     if (cell == nullptr) continue;
-    const CellPos p = order[i];
+    const CellPos p = order[i].pos;
     cell->SetError(0);
     if (p == skip) continue;
     CExtFormulaValue value;
@@ -451,9 +451,10 @@ std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& cont
 }
 
 std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, int column, int row, bool includeSelf) {
-  std::vector<CellPos> deps, order, cyclic;
-  CollectDependents(column, row, true, deps, true, false);
-  OrderForCompute(deps, order, &cyclic);
+  std::vector<FormulaAt> deps, order;
+  std::vector<CellPos> cyclic;
+  CollectDependentCells(PositionKey(column, row), true, deps);
+  OrderCells(deps, order, &cyclic);
   context.reserve(context.size() + order.size());
   std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
   MarkCycles(cyclic);
@@ -472,11 +473,12 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
 }
 
 void CExtFormulaDataManager::RecomputeAll() {
-  std::vector<CellPos> all, order, cyclic;
+  std::vector<FormulaAt> all, order;
+  std::vector<CellPos> cyclic;
   all.reserve(m_formulas.size());
-  m_formulas.ForEach([&](int64_t key, const Registered&) { all.push_back(KeyPosition(key)); });
-  std::sort(all.begin(), all.end(), PositionLess);
-  OrderForCompute(all, order, &cyclic);
+  m_formulas.ForEach([&](int64_t key, const Registered& r) { all.push_back({KeyPosition(key), r.cell}); });
+  std::sort(all.begin(), all.end(), [](const FormulaAt& a, const FormulaAt& b) { return PositionLess(a.pos, b.pos); });
+  OrderCells(all, order, &cyclic);
   FormulaContext context;
   context.reserve(order.size());
   ComputeInOrder(context, order, CellPos{});

@@ -162,6 +162,14 @@ class CExtFormulaDataManager : public FormulaManager {
     CExtFormulaGridCell* cell = nullptr;
     ReaderKind kind = ReaderKind::kCells;
   };
+  // A position with its registered formula cell (null for a position not registered), so
+  // that the walks of one recalculation look each cell up once.
+  struct FormulaAt {
+    CellPos pos;
+    CExtFormulaGridCell* cell = nullptr;
+  };
+  // A fresh number for a walk that marks the cells it visits (CExtFormulaGridCell::m_nVisit).
+  uint32_t NextWalk();
   // The cell the store holds at a position, or a new formula cell there.
   grid::CExtGridCell* MakeGridCell(int column, int row);
   // Every stored cell's data position, in position order.
@@ -171,13 +179,16 @@ class CExtFormulaDataManager : public FormulaManager {
   // Parses the formula of the cell at `key` and shares the tree of its shape.
   bool CompileAt(CExtFormulaGridCell& cell, int64_t key);
   const CExtGridRangeSet& Dependencies(int64_t key, CExtFormulaGridCell& cell);
-  void DirectDependents(int column, int row, std::vector<int64_t>& out);
-  void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
+  // The formula cells reading (column, row), in position order.
+  void DirectDependents(int column, int row, std::vector<FormulaAt>& out);
+  // Appends to `result` the formula cells depending on `start`, transitively, breadth first.
+  void CollectDependentCells(int64_t start, bool includeSelf, std::vector<FormulaAt>& result);
+  void OrderCells(const std::vector<FormulaAt>& cells, std::vector<FormulaAt>& order, std::vector<CellPos>* cyclic);
   // Appends the registered formula cells inside `deps`, in position order per rectangle.
-  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const;
+  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<FormulaAt>& out) const;
   bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
                           const CExtFormulaItem*& errorItem);
-  std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order, CellPos skip);
+  std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<FormulaAt>& order, CellPos skip);
   void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
   void WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack, long& budget);
@@ -205,6 +216,7 @@ class CExtFormulaDataManager : public FormulaManager {
   // Passes of ComputeInOrder running; inside one a cell marked pending is stale.
   int m_nPassDepth = 0;
   int m_nDepth = 0;
+  uint32_t m_nWalk = 0;  // the number of the last walk that marked cells
 };
 
 template <typename Visit>

@@ -55,6 +55,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
   }
   // One probe of the registry for a new cell: an entry already there is taken out first.
   bool fresh = false;
+  cell.m_nVisit = 0;  // no mark of an earlier walk
   m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells}, &fresh);
   if (!fresh) {
     UnregisterFormula(key);
@@ -73,7 +74,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
   m_formulas.Find(key)->kind = kind;
   switch (kind) {
     case ReaderKind::kCells:
-      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Add(read, key); });
+      ForEachCellOf(deps, [&](int64_t read) { m_cellReaders.Add(read, key, &cell); });
       break;
     case ReaderKind::kBlocks:
       ForEachBlock(deps, [&](int64_t block) {
@@ -153,50 +154,90 @@ void CExtFormulaDataManager::RegisterAllCells() {
   }
 }
 
-void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<int64_t>& out) {
+uint32_t CExtFormulaDataManager::NextWalk() {
+  if (++m_nWalk == 0) {
+    // The numbers went round: no mark of an earlier walk may pass for one of the next.
+    m_formulas.ForEach([](int64_t, const Registered& r) { r.cell->m_nVisit = 0; });
+    m_nWalk = 1;
+  }
+  return m_nWalk;
+}
+
+void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<FormulaAt>& out) {
   out.clear();
   // Readers entered under the cell read it by construction.
-  m_cellReaders.ForEachReader(PositionKey(column, row), [&](int64_t reader) { out.push_back(reader); });
+  m_cellReaders.ForEachReaderCell(PositionKey(column, row), [&](int64_t reader, CExtFormulaGridCell* cell) {
+    out.push_back({KeyPosition(reader), cell});
+  });
   auto consider = [&](int64_t reader) {
     Registered* registered = m_formulas.Find(reader);
-    if (registered != nullptr && Dependencies(reader, *registered->cell).Contains(column, row)) out.push_back(reader);
+    if (registered != nullptr && Dependencies(reader, *registered->cell).Contains(column, row))
+      out.push_back({KeyPosition(reader), registered->cell});
   };
-  const auto block = m_blockReaders.find(BlockKey(column, row));
-  if (block != m_blockReaders.end())
-    for (int64_t reader : block->second) consider(reader);
+  if (!m_blockReaders.empty()) {
+    const auto block = m_blockReaders.find(BlockKey(column, row));
+    if (block != m_blockReaders.end())
+      for (int64_t reader : block->second) consider(reader);
+  }
   for (int64_t reader : m_wideReaders) consider(reader);
   if (out.size() > 1) {
-    std::sort(out.begin(), out.end(),
-              [](int64_t a, int64_t b) { return PositionLess(KeyPosition(a), KeyPosition(b)); });
-    out.erase(std::unique(out.begin(), out.end()), out.end());
+    std::sort(out.begin(), out.end(), [](const FormulaAt& a, const FormulaAt& b) { return PositionLess(a.pos, b.pos); });
+    out.erase(std::unique(out.begin(), out.end(), [](const FormulaAt& a, const FormulaAt& b) { return a.pos == b.pos; }),
+              out.end());
+  }
+}
+
+void CExtFormulaDataManager::CollectDependentCells(int64_t start, bool includeSelf, std::vector<FormulaAt>& result) {
+  // Every reader is a registered cell: the walk's mark in the cell says it was met.
+  const uint32_t walk = NextWalk();
+  for (const FormulaAt& found : result)
+    if (found.cell != nullptr) found.cell->m_nVisit = walk;
+  std::vector<int64_t> work{start};
+  std::vector<FormulaAt> direct;
+  // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
+  // become a million nested calls.
+  for (size_t next = 0; next < work.size(); ++next) {
+    const CellPos at = KeyPosition(work[next]);
+    DirectDependents(at.column, at.row, direct);
+    for (const FormulaAt& reader : direct) {
+      const int64_t key = PositionKey(reader.pos.column, reader.pos.row);
+      if (key == start && !includeSelf) continue;
+      if (reader.cell->m_nVisit == walk) continue;
+      reader.cell->m_nVisit = walk;
+      result.push_back(reader);
+      work.push_back(key);
+    }
   }
 }
 
 void CExtFormulaDataManager::CollectDependents(int column, int row, bool includeSelf, std::vector<CellPos>& result,
                                                bool recursive, bool append) {
   if (!append) result.clear();
-  FlatKeySet seen;
-  for (const CellPos& p : result) seen.Insert(PositionKey(p.column, p.row), 1);
-  const int64_t start = PositionKey(column, row);
-  std::vector<int64_t> work{start}, direct;
-  // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
-  // become a million nested calls.
-  for (size_t next = 0; next < work.size(); ++next) {
-    const CellPos at = KeyPosition(work[next]);
-    DirectDependents(at.column, at.row, direct);
-    for (int64_t reader : direct) {
-      if (reader == start && !includeSelf) continue;
+  std::vector<FormulaAt> found;
+  if (!recursive) {
+    // The readers of the cell itself, less those already listed.
+    FlatKeySet seen;
+    for (const CellPos& p : result) seen.Insert(PositionKey(p.column, p.row), 1);
+    DirectDependents(column, row, found);
+    for (const FormulaAt& reader : found) {
+      if (reader.pos == CellPos{column, row} && !includeSelf) continue;
       bool fresh = false;
-      seen.Insert(reader, 1, &fresh);
-      if (!fresh) continue;
-      result.push_back(KeyPosition(reader));
-      if (recursive) work.push_back(reader);
+      seen.Insert(PositionKey(reader.pos.column, reader.pos.row), 1, &fresh);
+      if (fresh) result.push_back(reader.pos);
     }
-    if (!recursive) break;
+    return;
   }
+  found.reserve(result.size());
+  for (const CellPos& p : result) {
+    const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row));
+    found.push_back({p, registered != nullptr ? registered->cell : nullptr});
+  }
+  const size_t listed = found.size();
+  CollectDependentCells(PositionKey(column, row), includeSelf, found);
+  for (size_t i = listed; i < found.size(); ++i) result.push_back(found[i].pos);
 }
 
-void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const {
+void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<FormulaAt>& out) const {
   // Plain cells are no precedents, since they need no computing: only the registry is asked.
   constexpr long long kProbeLimit = 4096;
   for (const CellRect& rect : deps.Rects()) {
@@ -204,70 +245,94 @@ void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, 
                            (static_cast<long long>(rect.bottom) - rect.top + 1);
     if (area > kProbeLimit || area > static_cast<long long>(m_formulas.size())) {
       const size_t first = out.size();
-      m_formulas.ForEach([&](int64_t key, const Registered&) {
+      m_formulas.ForEach([&](int64_t key, const Registered& r) {
         const CellPos p = KeyPosition(key);
-        if (rect.Contains(p.column, p.row)) out.push_back(p);
+        if (rect.Contains(p.column, p.row)) out.push_back({p, r.cell});
       });
-      std::sort(out.begin() + static_cast<std::ptrdiff_t>(first), out.end(), PositionLess);
+      std::sort(out.begin() + static_cast<std::ptrdiff_t>(first), out.end(),
+                [](const FormulaAt& a, const FormulaAt& b) { return PositionLess(a.pos, b.pos); });
       continue;
     }
     for (int r = rect.top; r <= rect.bottom; ++r)
       for (int c = rect.left; c <= rect.right; ++c)
-        if (m_formulas.Contains(PositionKey(c, r))) out.push_back({c, r});
+        if (const Registered* registered = m_formulas.Find(PositionKey(c, r))) out.push_back({{c, r}, registered->cell});
   }
 }
 
 void CExtFormulaDataManager::CollectPrecedents(int column, int row, std::vector<CellPos>& result) {
   result.clear();
   Registered* registered = m_formulas.Find(PositionKey(column, row));
-  if (registered != nullptr) AppendFormulaCellsIn(Dependencies(PositionKey(column, row), *registered->cell), result);
+  if (registered == nullptr) return;
+  std::vector<FormulaAt> found;
+  AppendFormulaCellsIn(Dependencies(PositionKey(column, row), *registered->cell), found);
+  for (const FormulaAt& p : found) result.push_back(p.pos);
 }
 
 void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order) {
-  OrderForCompute(cells, order, nullptr);
+  std::vector<FormulaAt> wanted, ordered;
+  wanted.reserve(cells.size());
+  for (const CellPos& p : cells) {
+    const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row));
+    wanted.push_back({p, registered != nullptr ? registered->cell : nullptr});
+  }
+  OrderCells(wanted, ordered, nullptr);
+  for (const FormulaAt& p : ordered) order.push_back(p.pos);
 }
 
-void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order,
-                                             std::vector<CellPos>* cyclic) {
-  // Only the cells asked for are ordered: precedents outside them hold current values.
+void CExtFormulaDataManager::OrderCells(const std::vector<FormulaAt>& cells, std::vector<FormulaAt>& order,
+                                        std::vector<CellPos>* cyclic) {
+  // Only the cells asked for are ordered: precedents outside them hold current values. The
+  // state of a registered cell is its mark for this walk; positions without a registered cell
+  // (asked for, but never anyone's precedent) keep theirs in a table.
   enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
-  FlatKeyMap<uint8_t> state;
-  state.reserve(cells.size());
-  for (const CellPos& p : cells) state.Insert(PositionKey(p.column, p.row), kWanted);
+  const uint32_t walk = NextWalk();
+  FlatKeyMap<uint8_t> loose;
+  for (const FormulaAt& p : cells) {
+    if (p.cell == nullptr) {
+      loose.Insert(PositionKey(p.pos.column, p.pos.row), kWanted);
+    } else if (p.cell->m_nVisit != walk) {
+      p.cell->m_nVisit = walk;
+      p.cell->m_nMark = kWanted;
+    }
+  }
+  // The state of a position, or null when it was not asked for.
+  auto state = [&](const FormulaAt& p) -> uint8_t* {
+    if (p.cell == nullptr) return loose.Find(PositionKey(p.pos.column, p.pos.row));
+    return p.cell->m_nVisit == walk ? &p.cell->m_nMark : nullptr;
+  };
   struct Frame {
-    CellPos pos;
+    FormulaAt at;
     size_t next;  // the next precedent to visit, in `precedents`
   };
   std::vector<Frame> stack;
   // The precedents of every frame on the stack, the innermost last.
-  std::vector<CellPos> precedents;
+  std::vector<FormulaAt> precedents;
   std::vector<size_t> ends;
-  auto enter = [&](CellPos p, uint8_t& mark) {
+  auto enter = [&](const FormulaAt& p, uint8_t& mark) {
     mark = kOnStack;
     stack.push_back({p, precedents.size()});
-    const int64_t key = PositionKey(p.column, p.row);
-    if (const Registered* registered = m_formulas.Find(key)) AppendFormulaCellsIn(Dependencies(key, *registered->cell), precedents);
+    if (p.cell != nullptr) AppendFormulaCellsIn(Dependencies(PositionKey(p.pos.column, p.pos.row), *p.cell), precedents);
     ends.push_back(precedents.size());
   };
-  for (const CellPos& first : cells) {
-    uint8_t& mark = *state.Find(PositionKey(first.column, first.row));
+  for (const FormulaAt& first : cells) {
+    uint8_t& mark = *state(first);
     if (mark != kWanted) continue;
     enter(first, mark);
     while (!stack.empty()) {
       Frame& top = stack.back();
       if (top.next == ends.back()) {
-        *state.Find(PositionKey(top.pos.column, top.pos.row)) = kDone;
-        order.push_back(top.pos);
+        *state(top.at) = kDone;
+        order.push_back(top.at);
         precedents.resize(ends.size() > 1 ? ends[ends.size() - 2] : 0);
         ends.pop_back();
         stack.pop_back();
         continue;
       }
-      const CellPos p = precedents[top.next++];
-      uint8_t* seen = state.Find(PositionKey(p.column, p.row));
+      const FormulaAt p = precedents[top.next++];
+      uint8_t* seen = state(p);
       if (seen == nullptr) continue;
       // A precedent still being ordered reads, through its own precedents, this very cell.
-      if (*seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.pos);
+      if (*seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.at.pos);
       if (*seen == kWanted) enter(p, *seen);
     }
   }

@@ -2,6 +2,7 @@
 // tree, its error and its last computed result.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -84,6 +85,10 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   bool m_bDepsKnown = false;
   bool m_bComputed = false;  // the stored value is the result of the present formula
   bool m_bPending = false;   // still to be computed in the running pass
+  // The manager's walks mark the cells they visit here instead of in a set of their own: the
+  // mark counts only while m_nVisit equals the walk's number.
+  uint8_t m_nMark = 0;
+  uint32_t m_nVisit = 0;
 };
 
 }  // namespace qmk::toolkit::formula
