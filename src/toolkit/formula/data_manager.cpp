@@ -160,7 +160,7 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   if (column < 0 || row < 0) return false;
   const int64_t key = PositionKey(column, row);
   // Registered formula cells are found without asking the store.
-  const Registered* registered = m_formulas.Find(key);
+  const Registered* registered = FindFormula(column, row);
   grid::CExtGridCell* found = registered != nullptr ? registered->cell : GetGridCell(column, row);
   CExtFormulaGridCell* cell = registered != nullptr ? registered->cell : AsFormulaCell(found);
   if (found == nullptr || (cell != nullptr ? cell->IsHiddenByJoin() : IsHiddenByJoin(*found))) {
@@ -420,45 +420,48 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
   WalkCycles(PositionKey(column, row), cycles, stack, budget);
 }
 
-std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<FormulaAt>& order,
-                                                          CellPos skip) {
-  // Cells still to come in `order` are stale to whoever reads them in the meantime.
-  std::vector<CExtFormulaGridCell*> cells(order.size());
-  for (size_t i = 0; i < order.size(); ++i) {
-    cells[i] = order[i].cell != nullptr ? order[i].cell : GetCell(order[i].pos.column, order[i].pos.row);
-    if (cells[i] != nullptr) cells[i]->m_bPending = true;
+void CExtFormulaDataManager::ComputeOrdered(ComputePass& pass, const FormulaAt& at) {
+  CExtFormulaGridCell* cell = at.cell != nullptr ? at.cell : GetCell(at.pos.column, at.pos.row);
+  if (cell == nullptr) return;
+  cell->SetError(0);
+  if (at.pos == pass.skip) {
+    pass.skipped = cell;
+    return;
   }
+  CExtFormulaValue value;
+  const CExtFormulaItem* errorItem = nullptr;
+  if (ComputeFormulaCell(pass.context, PositionKey(at.pos.column, at.pos.row), *cell, value, errorItem))
+    cell->ResultSet(value.m_value, value.m_bEmpty);
+  cell->m_bPending = false;
+  pass.computed.push_back(at.pos);
+}
+
+void CExtFormulaDataManager::RunComputePass(const std::vector<FormulaAt>& cells, uint32_t walk, ComputePass& pass,
+                                            std::vector<CellPos>& cyclic) {
+  // Each cell is computed as soon as it is ordered, while its precedents' entries are fresh in
+  // the caches; the cells still to come are pending, stale to whoever reads them meanwhile.
+  pass.context.reserve(pass.context.size() + cells.size());
+  pass.computed.reserve(cells.size());
   ++m_nPassDepth;
-  std::vector<CellPos> computed;
-  computed.reserve(order.size());
-  for (size_t i = 0; i < order.size(); ++i) {
-    CExtFormulaGridCell* cell = cells[i];
-    if (cell == nullptr) continue;
-    const CellPos p = order[i].pos;
-    cell->SetError(0);
-    if (p == skip) continue;
-    CExtFormulaValue value;
-    const CExtFormulaItem* errorItem = nullptr;
-    if (ComputeFormulaCell(context, PositionKey(p.column, p.row), *cell, value, errorItem))
-      cell->ResultSet(value.m_value, value.m_bEmpty);
-    cell->m_bPending = false;
-    computed.push_back(p);
-  }
+  OrderCells(cells, walk, nullptr, &cyclic, &pass);
   --m_nPassDepth;
-  for (CExtFormulaGridCell* cell : cells)
-    if (cell != nullptr) cell->m_bPending = false;
-  return computed;
+  if (pass.skipped != nullptr) pass.skipped->m_bPending = false;
 }
 
 std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, int column, int row, bool includeSelf) {
-  std::vector<FormulaAt> deps, order;
+  // The buffer is taken out while in use, so that a recalculation started inside this one
+  // gets a fresh one.
+  std::vector<FormulaAt> deps;
+  deps.swap(m_passBuffer);
+  deps.clear();
   std::vector<CellPos> cyclic;
-  CollectDependentCells(PositionKey(column, row), true, deps);
-  OrderCells(deps, order, &cyclic);
-  context.reserve(context.size() + order.size());
-  std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
+  const uint32_t walk = NextWalk();
+  CollectDependentCells(PositionKey(column, row), true, walk, deps, true);
+  ComputePass pass{context, includeSelf ? CellPos{} : CellPos{column, row}, {}, nullptr};
+  RunComputePass(deps, walk, pass, cyclic);
+  deps.swap(m_passBuffer);
   MarkCycles(cyclic);
-  return computed;
+  return std::move(pass.computed);
 }
 
 void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
@@ -473,15 +476,14 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
 }
 
 void CExtFormulaDataManager::RecomputeAll() {
-  std::vector<FormulaAt> all, order;
+  std::vector<FormulaAt> all;
   std::vector<CellPos> cyclic;
   all.reserve(m_formulas.size());
   m_formulas.ForEach([&](int64_t key, const Registered& r) { all.push_back({KeyPosition(key), r.cell}); });
   std::sort(all.begin(), all.end(), [](const FormulaAt& a, const FormulaAt& b) { return PositionLess(a.pos, b.pos); });
-  OrderCells(all, order, &cyclic);
   FormulaContext context;
-  context.reserve(order.size());
-  ComputeInOrder(context, order, CellPos{});
+  ComputePass pass{context, CellPos{}, {}, nullptr};
+  RunComputePass(all, 0, pass, cyclic);
   MarkCycles(cyclic);
 }
 

@@ -168,8 +168,27 @@ class CExtFormulaDataManager : public FormulaManager {
     CellPos pos;
     CExtFormulaGridCell* cell = nullptr;
   };
+  // Registered formulas are counted per column for the first columns: a column without any is
+  // not searched for them (input columns, read by every row's formulas).
+  static constexpr int kCountedColumns = 1 << 16;
+  void CountColumnFormula(int column, int delta);
+  const Registered* FindFormula(int column, int row) const {
+    if (column < kCountedColumns &&
+        (static_cast<size_t>(column) >= m_columnFormulas.size() || m_columnFormulas[static_cast<size_t>(column)] == 0))
+      return nullptr;
+    return m_formulas.Find(PositionKey(column, row));
+  }
   // A fresh number for a walk that marks the cells it visits (CExtFormulaGridCell::m_nVisit).
   uint32_t NextWalk();
+  // A cell's mark while cells are ordered for computing.
+  enum : uint8_t { kMarkWanted = 1, kMarkOnStack = 2, kMarkDone = 3 };
+  // One pass computing cells as they are ordered; the changed cell is not computed again.
+  struct ComputePass {
+    FormulaContext& context;
+    CellPos skip;
+    std::vector<CellPos> computed;
+    CExtFormulaGridCell* skipped = nullptr;
+  };
   // The cell the store holds at a position, or a new formula cell there.
   grid::CExtGridCell* MakeGridCell(int column, int row);
   // Every stored cell's data position, in position order.
@@ -181,14 +200,24 @@ class CExtFormulaDataManager : public FormulaManager {
   const CExtGridRangeSet& Dependencies(int64_t key, CExtFormulaGridCell& cell);
   // The formula cells reading (column, row), in position order.
   void DirectDependents(int column, int row, std::vector<FormulaAt>& out);
-  // Appends to `result` the formula cells depending on `start`, transitively, breadth first.
-  void CollectDependentCells(int64_t start, bool includeSelf, std::vector<FormulaAt>& result);
-  void OrderCells(const std::vector<FormulaAt>& cells, std::vector<FormulaAt>& order, std::vector<CellPos>* cyclic);
+  // Appends to `result` the formula cells depending on `start`, transitively, breadth first,
+  // each marked wanted by `walk` (and pending, with `pending`); cells of `result` already
+  // marked by the walk are not listed again.
+  void CollectDependentCells(int64_t start, bool includeSelf, uint32_t walk, std::vector<FormulaAt>& result,
+                             bool pending);
+  // Every cell of `cells` after its precedents among them (depth-first post-order), appended to
+  // `order` when given and computed in `pass` when given. `walk` is the walk that marked the
+  // registered cells of `cells` wanted (and pending), or 0 for a new walk marking them here.
+  void OrderCells(const std::vector<FormulaAt>& cells, uint32_t walk, std::vector<FormulaAt>* order,
+                  std::vector<CellPos>* cyclic, ComputePass* pass);
+  void ComputeOrdered(ComputePass& pass, const FormulaAt& at);
+  // Orders `cells` and computes them in one pass; the cycles met go to `cyclic`.
+  void RunComputePass(const std::vector<FormulaAt>& cells, uint32_t walk, ComputePass& pass,
+                      std::vector<CellPos>& cyclic);
   // Appends the registered formula cells inside `deps`, in position order per rectangle.
   void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<FormulaAt>& out) const;
   bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
                           const CExtFormulaItem*& errorItem);
-  std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<FormulaAt>& order, CellPos skip);
   void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
   void WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack, long& budget);
@@ -208,12 +237,14 @@ class CExtFormulaDataManager : public FormulaManager {
   mutable uint64_t m_nFunctionsSeen = ~uint64_t{0};
   std::map<std::string, CExtGridRangeSet> m_named;
   FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
+  std::vector<uint32_t> m_columnFormulas;  // registered formulas of each of the first columns
+  std::vector<FormulaAt> m_passBuffer;     // kept between recalculations: no fresh pages each time
   // Reverse index: for each cell, the small formulas reading it; for each block of cells, the
   // middling formulas whose references touch it.
   CellReaderIndex m_cellReaders;
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
-  // Passes of ComputeInOrder running; inside one a cell marked pending is stale.
+  // Computing passes running; inside one a cell marked pending is stale.
   int m_nPassDepth = 0;
   int m_nDepth = 0;
   uint32_t m_nWalk = 0;  // the number of the last walk that marked cells

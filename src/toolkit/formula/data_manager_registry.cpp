@@ -61,6 +61,7 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
     UnregisterFormula(key);
     m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells});
   }
+  CountColumnFormula(KeyPosition(key).column, 1);
   const CExtGridRangeSet& deps = Dependencies(key, cell);
   long long blocks = 0, cells = 0;
   for (const CellRect& rect : deps.Rects()) {
@@ -112,6 +113,13 @@ void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
       break;
   }
   m_formulas.Erase(key);
+  CountColumnFormula(KeyPosition(key).column, -1);
+}
+
+void CExtFormulaDataManager::CountColumnFormula(int column, int delta) {
+  if (column >= kCountedColumns) return;
+  if (static_cast<size_t>(column) >= m_columnFormulas.size()) m_columnFormulas.resize(static_cast<size_t>(column) + 1);
+  m_columnFormulas[static_cast<size_t>(column)] += static_cast<uint32_t>(delta);
 }
 
 void CExtFormulaDataManager::RegisterCell(int column, int row, CExtFormulaGridCell* cell) {
@@ -143,6 +151,7 @@ void CExtFormulaDataManager::UnregisterRange(const CExtGridRangeSet& set) {
 
 void CExtFormulaDataManager::RegisterAllCells() {
   m_formulas.clear();
+  m_columnFormulas.clear();
   m_cellReaders.clear();
   m_blockReaders.clear();
   m_wideReaders.clear();
@@ -187,25 +196,24 @@ void CExtFormulaDataManager::DirectDependents(int column, int row, std::vector<F
   }
 }
 
-void CExtFormulaDataManager::CollectDependentCells(int64_t start, bool includeSelf, std::vector<FormulaAt>& result) {
+void CExtFormulaDataManager::CollectDependentCells(int64_t start, bool includeSelf, uint32_t walk,
+                                                   std::vector<FormulaAt>& result, bool pending) {
   // Every reader is a registered cell: the walk's mark in the cell says it was met.
-  const uint32_t walk = NextWalk();
-  for (const FormulaAt& found : result)
-    if (found.cell != nullptr) found.cell->m_nVisit = walk;
-  std::vector<int64_t> work{start};
   std::vector<FormulaAt> direct;
-  // Breadth of the walk is kept on an explicit list: a chain of a million cells must not
-  // become a million nested calls.
-  for (size_t next = 0; next < work.size(); ++next) {
-    const CellPos at = KeyPosition(work[next]);
+  // Breadth of the walk is kept on an explicit list, the result itself after the start: a
+  // chain of a million cells must not become a million nested calls.
+  const size_t listed = result.size();
+  for (size_t next = listed; next <= result.size(); ++next) {
+    const CellPos at = next == listed ? KeyPosition(start) : result[next - 1].pos;
     DirectDependents(at.column, at.row, direct);
     for (const FormulaAt& reader : direct) {
       const int64_t key = PositionKey(reader.pos.column, reader.pos.row);
       if (key == start && !includeSelf) continue;
       if (reader.cell->m_nVisit == walk) continue;
       reader.cell->m_nVisit = walk;
+      reader.cell->m_nMark = kMarkWanted;
+      if (pending) reader.cell->m_bPending = true;
       result.push_back(reader);
-      work.push_back(key);
     }
   }
 }
@@ -233,7 +241,10 @@ void CExtFormulaDataManager::CollectDependents(int column, int row, bool include
     found.push_back({p, registered != nullptr ? registered->cell : nullptr});
   }
   const size_t listed = found.size();
-  CollectDependentCells(PositionKey(column, row), includeSelf, found);
+  const uint32_t walk = NextWalk();
+  for (const FormulaAt& p : found)
+    if (p.cell != nullptr) p.cell->m_nVisit = walk;
+  CollectDependentCells(PositionKey(column, row), includeSelf, walk, found, false);
   for (size_t i = listed; i < found.size(); ++i) result.push_back(found[i].pos);
 }
 
@@ -255,7 +266,7 @@ void CExtFormulaDataManager::AppendFormulaCellsIn(const CExtGridRangeSet& deps, 
     }
     for (int r = rect.top; r <= rect.bottom; ++r)
       for (int c = rect.left; c <= rect.right; ++c)
-        if (const Registered* registered = m_formulas.Find(PositionKey(c, r))) out.push_back({{c, r}, registered->cell});
+        if (const Registered* registered = FindFormula(c, r)) out.push_back({{c, r}, registered->cell});
   }
 }
 
@@ -275,24 +286,29 @@ void CExtFormulaDataManager::OrderForCompute(const std::vector<CellPos>& cells, 
     const Registered* registered = m_formulas.Find(PositionKey(p.column, p.row));
     wanted.push_back({p, registered != nullptr ? registered->cell : nullptr});
   }
-  OrderCells(wanted, ordered, nullptr);
+  OrderCells(wanted, 0, &ordered, nullptr, nullptr);
   for (const FormulaAt& p : ordered) order.push_back(p.pos);
 }
 
-void CExtFormulaDataManager::OrderCells(const std::vector<FormulaAt>& cells, std::vector<FormulaAt>& order,
-                                        std::vector<CellPos>* cyclic) {
+void CExtFormulaDataManager::OrderCells(const std::vector<FormulaAt>& cells, uint32_t walk,
+                                        std::vector<FormulaAt>* order, std::vector<CellPos>* cyclic,
+                                        ComputePass* pass) {
   // Only the cells asked for are ordered: precedents outside them hold current values. The
   // state of a registered cell is its mark for this walk; positions without a registered cell
   // (asked for, but never anyone's precedent) keep theirs in a table.
-  enum : uint8_t { kWanted = 1, kOnStack = 2, kDone = 3 };
-  const uint32_t walk = NextWalk();
+  const bool marked = walk != 0;
+  if (!marked) walk = NextWalk();
   FlatKeyMap<uint8_t> loose;
   for (const FormulaAt& p : cells) {
     if (p.cell == nullptr) {
-      loose.Insert(PositionKey(p.pos.column, p.pos.row), kWanted);
-    } else if (p.cell->m_nVisit != walk) {
+      bool fresh = false;
+      loose.Insert(PositionKey(p.pos.column, p.pos.row), kMarkWanted, &fresh);
+      CExtFormulaGridCell* cell = pass != nullptr && fresh ? GetCell(p.pos.column, p.pos.row) : nullptr;
+      if (cell != nullptr) cell->m_bPending = true;
+    } else if (!marked && p.cell->m_nVisit != walk) {
       p.cell->m_nVisit = walk;
-      p.cell->m_nMark = kWanted;
+      p.cell->m_nMark = kMarkWanted;
+      if (pass != nullptr) p.cell->m_bPending = true;
     }
   }
   // The state of a position, or null when it was not asked for.
@@ -309,31 +325,33 @@ void CExtFormulaDataManager::OrderCells(const std::vector<FormulaAt>& cells, std
   std::vector<FormulaAt> precedents;
   std::vector<size_t> ends;
   auto enter = [&](const FormulaAt& p, uint8_t& mark) {
-    mark = kOnStack;
+    mark = kMarkOnStack;
     stack.push_back({p, precedents.size()});
     if (p.cell != nullptr) AppendFormulaCellsIn(Dependencies(PositionKey(p.pos.column, p.pos.row), *p.cell), precedents);
     ends.push_back(precedents.size());
   };
   for (const FormulaAt& first : cells) {
     uint8_t& mark = *state(first);
-    if (mark != kWanted) continue;
+    if (mark != kMarkWanted) continue;
     enter(first, mark);
     while (!stack.empty()) {
       Frame& top = stack.back();
       if (top.next == ends.back()) {
-        *state(top.at) = kDone;
-        order.push_back(top.at);
+        *state(top.at) = kMarkDone;
+        const FormulaAt done = top.at;
         precedents.resize(ends.size() > 1 ? ends[ends.size() - 2] : 0);
         ends.pop_back();
         stack.pop_back();
+        if (order != nullptr) order->push_back(done);
+        if (pass != nullptr) ComputeOrdered(*pass, done);
         continue;
       }
       const FormulaAt p = precedents[top.next++];
       uint8_t* seen = state(p);
       if (seen == nullptr) continue;
       // A precedent still being ordered reads, through its own precedents, this very cell.
-      if (*seen == kOnStack && cyclic != nullptr) cyclic->push_back(top.at.pos);
-      if (*seen == kWanted) enter(p, *seen);
+      if (*seen == kMarkOnStack && cyclic != nullptr) cyclic->push_back(top.at.pos);
+      if (*seen == kMarkWanted) enter(p, *seen);
     }
   }
 }
