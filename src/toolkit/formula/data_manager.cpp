@@ -159,10 +159,15 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   value.Clear();
   if (column < 0 || row < 0) return false;
   const int64_t key = PositionKey(column, row);
-  // Registered formula cells are found without asking the store.
-  const Registered* registered = FindFormula(column, row);
-  grid::CExtGridCell* found = registered != nullptr ? registered->cell : GetGridCell(column, row);
-  CExtFormulaGridCell* cell = registered != nullptr ? registered->cell : AsFormulaCell(found);
+  // Registered formula cells are found without asking the store: among the precedents of the
+  // cell being computed, or in the registry.
+  CExtFormulaGridCell* registered = HintedFormula(CellPos{column, row});
+  if (registered == nullptr) {
+    const Registered* entry = FindFormula(column, row);
+    if (entry != nullptr) registered = entry->cell;
+  }
+  grid::CExtGridCell* found = registered != nullptr ? registered : GetGridCell(column, row);
+  CExtFormulaGridCell* cell = registered != nullptr ? registered : AsFormulaCell(found);
   if (found == nullptr || (cell != nullptr ? cell->IsHiddenByJoin() : IsHiddenByJoin(*found))) {
     value.SetScalar(Variant::R8(0.0));
     return true;
@@ -430,8 +435,14 @@ void CExtFormulaDataManager::ComputeOrdered(ComputePass& pass, const FormulaAt& 
   }
   CExtFormulaValue value;
   const CExtFormulaItem* errorItem = nullptr;
+  // The precedents just listed for ordering name the cells this formula reads.
+  const bool hinted = at.cell != nullptr && at.cell->m_nPrecedentStamp == m_nRegistryStamp && at.cell->m_bDepsKnown &&
+                      at.cell->m_nPrecedentCount <= kMaxHinted;
+  m_nHintAt = hinted ? at.cell->m_nPrecedentAt : 0;
+  m_nHintCount = hinted ? at.cell->m_nPrecedentCount : 0;
   if (ComputeFormulaCell(pass.context, PositionKey(at.pos.column, at.pos.row), *cell, value, errorItem))
     cell->ResultSet(value.m_value, value.m_bEmpty);
+  m_nHintCount = 0;
   cell->m_bPending = false;
   pass.computed.push_back(at.pos);
 }

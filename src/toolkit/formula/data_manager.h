@@ -216,6 +216,19 @@ class CExtFormulaDataManager : public FormulaManager {
                       std::vector<CellPos>& cyclic);
   // Appends the registered formula cells inside `deps`, in position order per rectangle.
   void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<FormulaAt>& out) const;
+  // The same for a registered formula's dependencies, kept from the last time while the
+  // registry has not changed.
+  void AppendPrecedents(const FormulaAt& at, std::vector<FormulaAt>& out);
+  // The registry changed: every formula's kept precedents are forgotten.
+  void RegistryChanged();
+  // The registered formula cell at `pos` when it is one of the kept precedents of the cell
+  // being computed; null otherwise (it may still be registered).
+  static constexpr uint32_t kMaxHinted = 8;
+  CExtFormulaGridCell* HintedFormula(CellPos pos) const {
+    for (uint32_t i = 0; i < m_nHintCount; ++i)
+      if (m_precedents[m_nHintAt + i].pos == pos) return m_precedents[m_nHintAt + i].cell;
+    return nullptr;
+  }
   bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
                           const CExtFormulaItem*& errorItem);
   void MarkCycles(const std::vector<CellPos>& cyclic);
@@ -239,6 +252,10 @@ class CExtFormulaDataManager : public FormulaManager {
   FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
   std::vector<uint32_t> m_columnFormulas;  // registered formulas of each of the first columns
   std::vector<FormulaAt> m_passBuffer;     // kept between recalculations: no fresh pages each time
+  // The precedents of formulas as last found, and the registry's stamp they hold for.
+  std::vector<FormulaAt> m_precedents;
+  uint32_t m_nRegistryStamp = 1;
+  uint32_t m_nHintAt = 0, m_nHintCount = 0;  // the kept precedents of the cell being computed
   // Reverse index: for each cell, the small formulas reading it; for each block of cells, the
   // middling formulas whose references touch it.
   CellReaderIndex m_cellReaders;

@@ -1,6 +1,7 @@
 // data_manager_registry.cpp: the registry of formula cells with its reverse index, and the
 // walks over it: dependents, precedents and the order of computing.
 #include <algorithm>
+#include <cstdint>
 
 #include "toolkit/formula/data_manager.h"
 
@@ -40,6 +41,7 @@ void ForEachBlock(const CExtGridRangeSet& set, Visit visit) {
 
 const CExtGridRangeSet& CExtFormulaDataManager::Dependencies(int64_t key, CExtFormulaGridCell& cell) {
   if (!cell.m_bDepsKnown) {
+    cell.m_nPrecedentStamp = 0;  // the precedents kept were found in the old set
     cell.m_deps.Empty();
     if (cell.m_tree || CompileAt(cell, key))
       cell.m_tree->CollectShiftedDependencies(this, m_alphabet, cell.m_deps, cell.m_nShiftColumns, cell.m_nShiftRows);
@@ -56,6 +58,8 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
   // One probe of the registry for a new cell: an entry already there is taken out first.
   bool fresh = false;
   cell.m_nVisit = 0;  // no mark of an earlier walk
+  cell.m_nPrecedentStamp = 0;
+  RegistryChanged();
   m_formulas.Insert(key, Registered{&cell, ReaderKind::kCells}, &fresh);
   if (!fresh) {
     UnregisterFormula(key);
@@ -114,6 +118,33 @@ void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
   }
   m_formulas.Erase(key);
   CountColumnFormula(KeyPosition(key).column, -1);
+  RegistryChanged();
+}
+
+void CExtFormulaDataManager::RegistryChanged() {
+  m_precedents.clear();
+  if (++m_nRegistryStamp == 0) {
+    // The stamps went round: no cell may keep one that would pass for a later registry.
+    m_formulas.ForEach([](int64_t, const Registered& r) { r.cell->m_nPrecedentStamp = 0; });
+    m_nRegistryStamp = 1;
+  }
+}
+
+void CExtFormulaDataManager::AppendPrecedents(const FormulaAt& at, std::vector<FormulaAt>& out) {
+  CExtFormulaGridCell& cell = *at.cell;
+  if (cell.m_nPrecedentStamp == m_nRegistryStamp && cell.m_bDepsKnown) {
+    const auto first = m_precedents.begin() + cell.m_nPrecedentAt;
+    out.insert(out.end(), first, first + cell.m_nPrecedentCount);
+    return;
+  }
+  const size_t start = out.size();
+  AppendFormulaCellsIn(Dependencies(PositionKey(at.pos.column, at.pos.row), cell), out);
+  const size_t count = out.size() - start;
+  if (m_precedents.size() + count > UINT32_MAX) return;
+  cell.m_nPrecedentAt = static_cast<uint32_t>(m_precedents.size());
+  cell.m_nPrecedentCount = static_cast<uint32_t>(count);
+  cell.m_nPrecedentStamp = m_nRegistryStamp;
+  m_precedents.insert(m_precedents.end(), out.begin() + static_cast<std::ptrdiff_t>(start), out.end());
 }
 
 void CExtFormulaDataManager::CountColumnFormula(int column, int delta) {
@@ -152,6 +183,7 @@ void CExtFormulaDataManager::UnregisterRange(const CExtGridRangeSet& set) {
 void CExtFormulaDataManager::RegisterAllCells() {
   m_formulas.clear();
   m_columnFormulas.clear();
+  RegistryChanged();
   m_cellReaders.clear();
   m_blockReaders.clear();
   m_wideReaders.clear();
@@ -327,7 +359,7 @@ void CExtFormulaDataManager::OrderCells(const std::vector<FormulaAt>& cells, uin
   auto enter = [&](const FormulaAt& p, uint8_t& mark) {
     mark = kMarkOnStack;
     stack.push_back({p, precedents.size()});
-    if (p.cell != nullptr) AppendFormulaCellsIn(Dependencies(PositionKey(p.pos.column, p.pos.row), *p.cell), precedents);
+    if (p.cell != nullptr) AppendPrecedents(p, precedents);
     ends.push_back(precedents.size());
   };
   for (const FormulaAt& first : cells) {

@@ -89,6 +89,10 @@ class CExtFormulaGridCell : public grid::CExtGridCellVariant {
   // mark counts only while m_nVisit equals the walk's number.
   uint8_t m_nMark = 0;
   uint32_t m_nVisit = 0;
+  // Where the manager keeps this formula's registered precedents, valid while the registry is
+  // as it was at m_nPrecedentStamp and the dependencies are known.
+  uint32_t m_nPrecedentStamp = 0;
+  uint32_t m_nPrecedentAt = 0, m_nPrecedentCount = 0;
 };
 
 }  // namespace qmk::toolkit::formula
