@@ -94,7 +94,8 @@ void CExtFormulaDataManager::RegisterFormula(int64_t key, CExtFormulaGridCell& c
 }
 
 void CExtFormulaDataManager::UnregisterFormula(int64_t key) {
-  const Registered* registered = m_formulas.Find(key);
+  const CellPos at = KeyPosition(key);
+  const Registered* registered = FindFormula(at.column, at.row);
   if (registered == nullptr) return;
   // The cell's dependency set is the one it was entered with: it is collected again only
   // after a change of text, which unregisters first.
