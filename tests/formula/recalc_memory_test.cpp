@@ -128,6 +128,23 @@ TEST(RecalcMemory, IntegerToDoubleAgreesWithTheGeneralConversion) {
   }
 }
 
+TEST(RecalcMemory, DigitTextsReadAsTheGeneralConversionReadsThem) {
+  CExtFormulaDataManager sheet;
+  const char* const texts[] = {"0", "7", "017", "000", "1234", "999999999999999", "123456789012345",
+                               "1000000000000000", "12a", "1 ", " 1", "-5", "1.5", "1e3"};
+  int row = 0;
+  for (const char* text : texts) {
+    sheet.SetCellText(0, row, text);
+    Variant general;
+    if (platform::ChangeType(general, Variant::Str(text), platform::VT_R8) != platform::S_OK) general = Variant::Str(text);
+    const CExtFormulaGridCell* cell = sheet.FindCell(0, row);
+    ASSERT_NE(cell, nullptr) << text;
+    EXPECT_EQ(cell->ValueGet().Type(), general.Type()) << text;
+    EXPECT_EQ(ScalarText(cell->ValueGet()), ScalarText(general)) << text;
+    ++row;
+  }
+}
+
 TEST(RecalcMemory, ReaderIndexHandsBackTheReadersCell) {
   CellReaderIndex index;
   CExtFormulaGridCell first, second;

@@ -62,6 +62,19 @@ void RadixSort(std::vector<T>& items, Key key) {
   }
 }
 
+// A text of 1 to 15 decimal digits and nothing else, as the double of that integer: what the
+// general reading of a number gives for it, without its detour through exact digits.
+bool ReadDigits(const std::string& text, Variant& number) {
+  if (text.empty() || text.size() > 15) return false;
+  int64_t value = 0;
+  for (char c : text) {
+    if (c < '0' || c > '9') return false;
+    value = value * 10 + (c - '0');
+  }
+  number = Variant::R8(static_cast<double>(value));
+  return true;
+}
+
 bool IsHiddenByJoin(const grid::CExtGridCell& cell) {
   const auto* data = dynamic_cast<const grid::CExtGridCellEx*>(&cell);
   return data != nullptr && (data->JoinGet().cx <= 0 || data->JoinGet().cy <= 0);
@@ -313,7 +326,8 @@ void CExtFormulaDataManager::StorePlainText(grid::CExtGridCell& cell, const std:
   }
   // An ordinary value: a number when the whole text reads as one, else the text.
   Variant number;
-  Variant value = platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK
+  Variant value = ReadDigits(given, number) ||
+                          platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK
                       ? number
                       : Variant::Str(given);
   if (auto* variant = dynamic_cast<grid::CExtGridCellVariant*>(&cell))
