@@ -188,7 +188,7 @@ int Evaluator::PercentOrNegate() {
 
 int Evaluator::Call() {
   // Function names are matched exactly as written.
-  const CExtFormulaFunction* function = manager_.GetFunctionSet().Find(node_.m_strText.c_str());
+  const CExtFormulaFunction* function = manager_.GetFunctionSet().FindForCall(node_);
   if (function == nullptr) return Fail(errorItem_, &node_, kErrUnknownFunction);
   return function->Evaluate(context_, value_, manager_, node_, errorItem_);
 }

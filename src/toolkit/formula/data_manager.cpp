@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdio>
+#include <utility>
 
 #include "platform/variant/change_type.h"
 #include "toolkit/formula/errors.h"
@@ -41,6 +42,37 @@ bool StartsFormula(const std::string& text) {
 CExtFormulaGridCell* AsFormulaCell(grid::CExtGridCell* cell) {
   return cell != nullptr && cell->IsKindOf(&CExtFormulaGridCell::kClass) ? static_cast<CExtFormulaGridCell*>(cell)
                                                                          : nullptr;
+}
+
+// Sorts `items` by the 64-bit `key` of each, least significant 16 bits first; the passes whose
+// digit is the same in every key are skipped. For the hundreds of thousands of formulas of a
+// sheet this beats comparing.
+template <typename T, typename Key>
+void RadixSort(std::vector<T>& items, Key key) {
+  std::vector<T> spare(items.size());
+  std::vector<size_t> counts(size_t{1} << 16);
+  for (int shift = 0; shift < 64; shift += 16) {
+    std::fill(counts.begin(), counts.end(), 0);
+    for (const T& item : items) ++counts[(key(item) >> shift) & 0xFFFF];
+    if (std::find(counts.begin(), counts.end(), items.size()) != counts.end()) continue;
+    size_t sum = 0;
+    for (size_t& count : counts) sum += std::exchange(count, sum);
+    for (const T& item : items) spare[counts[(key(item) >> shift) & 0xFFFF]++] = item;
+    items.swap(spare);
+  }
+}
+
+// A text of 1 to 15 decimal digits and nothing else, as the double of that integer: what the
+// general reading of a number gives for it, without its detour through exact digits.
+bool ReadDigits(const std::string& text, Variant& number) {
+  if (text.empty() || text.size() > 15) return false;
+  int64_t value = 0;
+  for (char c : text) {
+    if (c < '0' || c > '9') return false;
+    value = value * 10 + (c - '0');
+  }
+  number = Variant::R8(static_cast<double>(value));
+  return true;
 }
 
 bool IsHiddenByJoin(const grid::CExtGridCell& cell) {
@@ -159,10 +191,15 @@ bool CExtFormulaDataManager::GetCellValue(FormulaContext& context, int column, i
   value.Clear();
   if (column < 0 || row < 0) return false;
   const int64_t key = PositionKey(column, row);
-  // Registered formula cells are found without asking the store.
-  const Registered* registered = m_formulas.Find(key);
-  grid::CExtGridCell* found = registered != nullptr ? registered->cell : GetGridCell(column, row);
-  CExtFormulaGridCell* cell = registered != nullptr ? registered->cell : AsFormulaCell(found);
+  // Registered formula cells are found without asking the store: among the precedents of the
+  // cell being computed, or in the registry.
+  CExtFormulaGridCell* registered = HintedFormula(CellPos{column, row});
+  if (registered == nullptr) {
+    const Registered* entry = FindFormula(column, row);
+    if (entry != nullptr) registered = entry->cell;
+  }
+  grid::CExtGridCell* found = registered != nullptr ? registered : GetGridCell(column, row);
+  CExtFormulaGridCell* cell = registered != nullptr ? registered : AsFormulaCell(found);
   if (found == nullptr || (cell != nullptr ? cell->IsHiddenByJoin() : IsHiddenByJoin(*found))) {
     value.SetScalar(Variant::R8(0.0));
     return true;
@@ -289,7 +326,8 @@ void CExtFormulaDataManager::StorePlainText(grid::CExtGridCell& cell, const std:
   }
   // An ordinary value: a number when the whole text reads as one, else the text.
   Variant number;
-  Variant value = platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK
+  Variant value = ReadDigits(given, number) ||
+                          platform::ChangeType(number, Variant::Str(given), platform::VT_R8) == platform::S_OK
                       ? number
                       : Variant::Str(given);
   if (auto* variant = dynamic_cast<grid::CExtGridCellVariant*>(&cell))
@@ -399,10 +437,11 @@ void CExtFormulaDataManager::WalkCycles(int64_t key, std::map<int64_t, int64_t>&
                                         long& budget) {
   if (--budget < 0) return;
   stack.push_back(key);
-  std::vector<int64_t> direct;
+  std::vector<FormulaAt> direct;
   const CellPos at = KeyPosition(key);
   DirectDependents(at.column, at.row, direct);
-  for (int64_t reader : direct) {
+  for (const FormulaAt& found : direct) {
+    const int64_t reader = PositionKey(found.pos.column, found.pos.row);
     if (std::find(stack.begin(), stack.end(), reader) != stack.end()) {
       cycles[reader] = key;
       cycles[key] = reader;
@@ -419,45 +458,54 @@ void CExtFormulaDataManager::FindCycles(int column, int row, std::map<int64_t, i
   WalkCycles(PositionKey(column, row), cycles, stack, budget);
 }
 
-std::vector<CellPos> CExtFormulaDataManager::ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order,
-                                                          CellPos skip) {
-  // Cells still to come in `order` are stale to whoever reads them in the meantime.
-  std::vector<CExtFormulaGridCell*> cells(order.size());
-  for (size_t i = 0; i < order.size(); ++i) {
-    const Registered* registered = m_formulas.Find(PositionKey(order[i].column, order[i].row));
-    cells[i] = registered != nullptr ? registered->cell : GetCell(order[i].column, order[i].row);
-    if (cells[i] != nullptr) cells[i]->m_bPending = true;
+void CExtFormulaDataManager::ComputeOrdered(ComputePass& pass, const FormulaAt& at) {
+  CExtFormulaGridCell* cell = at.cell != nullptr ? at.cell : GetCell(at.pos.column, at.pos.row);
+  if (cell == nullptr) return;
+  cell->SetError(0);
+  if (at.pos == pass.skip) {
+    pass.skipped = cell;
+    return;
   }
+  CExtFormulaValue value;
+  const CExtFormulaItem* errorItem = nullptr;
+  // The precedents just listed for ordering name the cells this formula reads.
+  const bool hinted = at.cell != nullptr && at.cell->m_nPrecedentStamp == m_nRegistryStamp && at.cell->m_bDepsKnown &&
+                      at.cell->m_nPrecedentCount <= kMaxHinted;
+  m_nHintAt = hinted ? at.cell->m_nPrecedentAt : 0;
+  m_nHintCount = hinted ? at.cell->m_nPrecedentCount : 0;
+  if (ComputeFormulaCell(pass.context, PositionKey(at.pos.column, at.pos.row), *cell, value, errorItem))
+    cell->ResultSet(value.m_value, value.m_bEmpty);
+  m_nHintCount = 0;
+  cell->m_bPending = false;
+  pass.computed.push_back(at.pos);
+}
+
+void CExtFormulaDataManager::RunComputePass(const std::vector<FormulaAt>& cells, uint32_t walk, ComputePass& pass,
+                                            std::vector<CellPos>& cyclic) {
+  // Each cell is computed as soon as it is ordered, while its precedents' entries are fresh in
+  // the caches; the cells still to come are pending, stale to whoever reads them meanwhile.
+  pass.context.reserve(pass.context.size() + cells.size());
+  pass.computed.reserve(cells.size());
   ++m_nPassDepth;
-  std::vector<CellPos> computed;
-  computed.reserve(order.size());
-  for (size_t i = 0; i < order.size(); ++i) {
-    CExtFormulaGridCell* cell = cells[i];
-    if (cell == nullptr) continue;
-    const CellPos p = order[i];
-    cell->SetError(0);
-    if (p == skip) continue;
-    CExtFormulaValue value;
-    const CExtFormulaItem* errorItem = nullptr;
-    if (ComputeFormulaCell(context, PositionKey(p.column, p.row), *cell, value, errorItem))
-      cell->ResultSet(value.m_value, value.m_bEmpty);
-    cell->m_bPending = false;
-    computed.push_back(p);
-  }
+  OrderCells(cells, walk, nullptr, &cyclic, &pass);
   --m_nPassDepth;
-  for (CExtFormulaGridCell* cell : cells)
-    if (cell != nullptr) cell->m_bPending = false;
-  return computed;
+  if (pass.skipped != nullptr) pass.skipped->m_bPending = false;
 }
 
 std::vector<CellPos> CExtFormulaDataManager::Recompute(FormulaContext& context, int column, int row, bool includeSelf) {
-  std::vector<CellPos> deps, order, cyclic;
-  CollectDependents(column, row, true, deps, true, false);
-  OrderForCompute(deps, order, &cyclic);
-  context.reserve(context.size() + order.size());
-  std::vector<CellPos> computed = ComputeInOrder(context, order, includeSelf ? CellPos{} : CellPos{column, row});
+  // The buffer is taken out while in use, so that a recalculation started inside this one
+  // gets a fresh one.
+  std::vector<FormulaAt> deps;
+  deps.swap(m_passBuffer);
+  deps.clear();
+  std::vector<CellPos> cyclic;
+  const uint32_t walk = NextWalk();
+  CollectDependentCells(PositionKey(column, row), true, walk, deps, true);
+  ComputePass pass{context, includeSelf ? CellPos{} : CellPos{column, row}, {}, nullptr};
+  RunComputePass(deps, walk, pass, cyclic);
+  deps.swap(m_passBuffer);
   MarkCycles(cyclic);
-  return computed;
+  return std::move(pass.computed);
 }
 
 void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
@@ -472,14 +520,17 @@ void CExtFormulaDataManager::MarkCycles(const std::vector<CellPos>& cyclic) {
 }
 
 void CExtFormulaDataManager::RecomputeAll() {
-  std::vector<CellPos> all, order, cyclic;
+  std::vector<FormulaAt> all;
+  std::vector<CellPos> cyclic;
   all.reserve(m_formulas.size());
-  m_formulas.ForEach([&](int64_t key, const Registered&) { all.push_back(KeyPosition(key)); });
-  std::sort(all.begin(), all.end(), PositionLess);
-  OrderForCompute(all, order, &cyclic);
+  m_formulas.ForEach([&](int64_t key, const Registered& r) { all.push_back({KeyPosition(key), r.cell}); });
+  // Position order: row, then column.
+  RadixSort(all, [](const FormulaAt& at) {
+    return (static_cast<uint64_t>(static_cast<uint32_t>(at.pos.row)) << 32) | static_cast<uint32_t>(at.pos.column);
+  });
   FormulaContext context;
-  context.reserve(order.size());
-  ComputeInOrder(context, order, CellPos{});
+  ComputePass pass{context, CellPos{}, {}, nullptr};
+  RunComputePass(all, 0, pass, cyclic);
   MarkCycles(cyclic);
 }
 

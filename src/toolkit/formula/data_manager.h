@@ -162,6 +162,33 @@ class CExtFormulaDataManager : public FormulaManager {
     CExtFormulaGridCell* cell = nullptr;
     ReaderKind kind = ReaderKind::kCells;
   };
+  // A position with its registered formula cell (null for a position not registered), so
+  // that the walks of one recalculation look each cell up once.
+  struct FormulaAt {
+    CellPos pos;
+    CExtFormulaGridCell* cell = nullptr;
+  };
+  // Registered formulas are counted per column for the first columns: a column without any is
+  // not searched for them (input columns, read by every row's formulas).
+  static constexpr int kCountedColumns = 1 << 16;
+  void CountColumnFormula(int column, int delta);
+  const Registered* FindFormula(int column, int row) const {
+    if (column < kCountedColumns &&
+        (static_cast<size_t>(column) >= m_columnFormulas.size() || m_columnFormulas[static_cast<size_t>(column)] == 0))
+      return nullptr;
+    return m_formulas.Find(PositionKey(column, row));
+  }
+  // A fresh number for a walk that marks the cells it visits (CExtFormulaGridCell::m_nVisit).
+  uint32_t NextWalk();
+  // A cell's mark while cells are ordered for computing.
+  enum : uint8_t { kMarkWanted = 1, kMarkOnStack = 2, kMarkDone = 3 };
+  // One pass computing cells as they are ordered; the changed cell is not computed again.
+  struct ComputePass {
+    FormulaContext& context;
+    CellPos skip;
+    std::vector<CellPos> computed;
+    CExtFormulaGridCell* skipped = nullptr;
+  };
   // The cell the store holds at a position, or a new formula cell there.
   grid::CExtGridCell* MakeGridCell(int column, int row);
   // Every stored cell's data position, in position order.
@@ -171,13 +198,39 @@ class CExtFormulaDataManager : public FormulaManager {
   // Parses the formula of the cell at `key` and shares the tree of its shape.
   bool CompileAt(CExtFormulaGridCell& cell, int64_t key);
   const CExtGridRangeSet& Dependencies(int64_t key, CExtFormulaGridCell& cell);
-  void DirectDependents(int column, int row, std::vector<int64_t>& out);
-  void OrderForCompute(const std::vector<CellPos>& cells, std::vector<CellPos>& order, std::vector<CellPos>* cyclic);
+  // The formula cells reading (column, row), in position order.
+  void DirectDependents(int column, int row, std::vector<FormulaAt>& out);
+  // Appends to `result` the formula cells depending on `start`, transitively, breadth first,
+  // each marked wanted by `walk` (and pending, with `pending`); cells of `result` already
+  // marked by the walk are not listed again.
+  void CollectDependentCells(int64_t start, bool includeSelf, uint32_t walk, std::vector<FormulaAt>& result,
+                             bool pending);
+  // Every cell of `cells` after its precedents among them (depth-first post-order), appended to
+  // `order` when given and computed in `pass` when given. `walk` is the walk that marked the
+  // registered cells of `cells` wanted (and pending), or 0 for a new walk marking them here.
+  void OrderCells(const std::vector<FormulaAt>& cells, uint32_t walk, std::vector<FormulaAt>* order,
+                  std::vector<CellPos>* cyclic, ComputePass* pass);
+  void ComputeOrdered(ComputePass& pass, const FormulaAt& at);
+  // Orders `cells` and computes them in one pass; the cycles met go to `cyclic`.
+  void RunComputePass(const std::vector<FormulaAt>& cells, uint32_t walk, ComputePass& pass,
+                      std::vector<CellPos>& cyclic);
   // Appends the registered formula cells inside `deps`, in position order per rectangle.
-  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<CellPos>& out) const;
+  void AppendFormulaCellsIn(const CExtGridRangeSet& deps, std::vector<FormulaAt>& out) const;
+  // The same for a registered formula's dependencies, kept from the last time while the
+  // registry has not changed.
+  void AppendPrecedents(const FormulaAt& at, std::vector<FormulaAt>& out);
+  // The registry changed: every formula's kept precedents are forgotten.
+  void RegistryChanged();
+  // The registered formula cell at `pos` when it is one of the kept precedents of the cell
+  // being computed; null otherwise (it may still be registered).
+  static constexpr uint32_t kMaxHinted = 8;
+  CExtFormulaGridCell* HintedFormula(CellPos pos) const {
+    for (uint32_t i = 0; i < m_nHintCount; ++i)
+      if (m_precedents[m_nHintAt + i].pos == pos) return m_precedents[m_nHintAt + i].cell;
+    return nullptr;
+  }
   bool ComputeFormulaCell(FormulaContext& context, int64_t key, CExtFormulaGridCell& cell, CExtFormulaValue& value,
                           const CExtFormulaItem*& errorItem);
-  std::vector<CellPos> ComputeInOrder(FormulaContext& context, const std::vector<CellPos>& order, CellPos skip);
   void MarkCycles(const std::vector<CellPos>& cyclic);
   void RefreshAllDependencies();
   void WalkCycles(int64_t key, std::map<int64_t, int64_t>& cycles, std::vector<int64_t>& stack, long& budget);
@@ -197,14 +250,21 @@ class CExtFormulaDataManager : public FormulaManager {
   mutable uint64_t m_nFunctionsSeen = ~uint64_t{0};
   std::map<std::string, CExtGridRangeSet> m_named;
   FlatKeyMap<Registered> m_formulas;  // position to registered formula cell
+  std::vector<uint32_t> m_columnFormulas;  // registered formulas of each of the first columns
+  std::vector<FormulaAt> m_passBuffer;     // kept between recalculations: no fresh pages each time
+  // The precedents of formulas as last found, and the registry's stamp they hold for.
+  std::vector<FormulaAt> m_precedents;
+  uint32_t m_nRegistryStamp = 1;
+  uint32_t m_nHintAt = 0, m_nHintCount = 0;  // the kept precedents of the cell being computed
   // Reverse index: for each cell, the small formulas reading it; for each block of cells, the
   // middling formulas whose references touch it.
   CellReaderIndex m_cellReaders;
   std::unordered_map<int64_t, std::vector<int64_t>> m_blockReaders;
   std::vector<int64_t> m_wideReaders;  // formulas whose references span too many blocks
-  // Passes of ComputeInOrder running; inside one a cell marked pending is stale.
+  // Computing passes running; inside one a cell marked pending is stale.
   int m_nPassDepth = 0;
   int m_nDepth = 0;
+  uint32_t m_nWalk = 0;  // the number of the last walk that marked cells
 };
 
 template <typename Visit>

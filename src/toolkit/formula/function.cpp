@@ -1,7 +1,9 @@
 // function.cpp: the parameter rules of a function call, argument evaluation, and the function set.
 #include "toolkit/formula/function.h"
 
+#include <atomic>
 #include <cstdio>
+#include <typeinfo>
 
 #include "toolkit/formula/data_manager.h"
 #include "toolkit/formula/errors.h"
@@ -123,18 +125,32 @@ CExtFormulaFunction* CExtFormulaFunctionSet::Find(const char* name) const {
   return it == m_functions.end() ? nullptr : it->second.get();
 }
 
+uint64_t CExtFormulaFunctionSet::NextStamp() {
+  static std::atomic<uint64_t> last{0};
+  return ++last;
+}
+
+const CExtFormulaFunction* CExtFormulaFunctionSet::FindForCall(const CExtFormulaItem& call) const {
+  if (typeid(*this) != typeid(CExtFormulaFunctionSet)) return Find(call.m_strText.c_str());
+  if (call.m_nFunctionStamp != m_nChanges) {
+    call.m_pFunction = Find(call.m_strText.c_str());
+    call.m_nFunctionStamp = m_nChanges;
+  }
+  return call.m_pFunction;
+}
+
 bool CExtFormulaFunctionSet::Add(CExtFormulaFunction* function, bool replace) {
   std::unique_ptr<CExtFormulaFunction> owned(function);
   if (!owned) return false;
   auto& slot = m_functions[owned->GetName()];
   if (slot && !replace) return false;
-  ++m_nChanges;
+  m_nChanges = NextStamp();
   slot = std::move(owned);
   return true;
 }
 
 bool CExtFormulaFunctionSet::Remove(const char* name) {
-  ++m_nChanges;
+  m_nChanges = NextStamp();
   return name != nullptr && m_functions.erase(name) > 0;
 }
 

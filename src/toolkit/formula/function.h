@@ -127,7 +127,7 @@ class CExtFormulaFunctionSet {
   virtual bool Remove(const char* name);
   virtual void RemoveAll() {
     m_functions.clear();
-    ++m_nChanges;
+    m_nChanges = NextStamp();
   }
   virtual Position GetFirstPosition() const { return m_functions.begin(); }
   // The function at `position` (null at the end) and the position moved to the next one of
@@ -141,12 +141,18 @@ class CExtFormulaFunctionSet {
     return RegisterAll(true);
   }
   size_t GetCount() const { return m_functions.size(); }
-  // Counts the changes of the set, so that what is derived from it can tell when to look again.
+  // Changes with every change of the set, and differs between sets, so that what is derived
+  // from a set can tell when to look again.
   uint64_t GetChangeCount() const { return m_nChanges; }
+  // The function a call node names, remembered in the node while the set is unchanged; looked
+  // up every time in a set whose Find is another class's.
+  const CExtFormulaFunction* FindForCall(const CExtFormulaItem& call) const;
 
  private:
+  static uint64_t NextStamp();
+
   std::map<std::string, std::unique_ptr<CExtFormulaFunction>> m_functions;
-  uint64_t m_nChanges = 0;
+  uint64_t m_nChanges = NextStamp();
 };
 
 }  // namespace qmk::toolkit::formula

@@ -14,6 +14,8 @@ namespace qmk::toolkit::formula {
 class CExtFormulaAlphabet;
 class FormulaManager;
 class CExtFormulaDataManager;
+class CExtFormulaFunction;
+class CExtFormulaFunctionSet;
 
 // Node kinds; the numbers are those the editor and the evaluator test.
 enum FormulaKind : int {
@@ -138,6 +140,10 @@ class CExtFormulaItem {
   // computes it for every cell of its shape.
   mutable platform::Variant m_number;
   mutable bool m_bNumberKnown = false;
+  // A call's function as of the function set's stamp (0: not looked up).
+  friend class CExtFormulaFunctionSet;
+  mutable const CExtFormulaFunction* m_pFunction = nullptr;
+  mutable uint64_t m_nFunctionStamp = 0;
   void AppendText(std::string& out) const;
   // The cells an identifier or a range names, through the manager's named ranges or the
   // alphabet; false when the node names none.

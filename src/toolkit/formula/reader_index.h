@@ -10,9 +10,13 @@
 
 namespace qmk::toolkit::formula {
 
+class CExtFormulaGridCell;
+
 class CellReaderIndex {
  public:
-  void Add(int64_t cell, int64_t reader) {
+  // Enters `reader` under `cell`; `object` is the reader's cell, handed back to the walks that
+  // want it so that they need not look the reader up again.
+  void Add(int64_t cell, int64_t reader, CExtFormulaGridCell* object = nullptr) {
     uint32_t& head = Head(cell, true);
     uint32_t link = m_nFree;
     if (link != 0) {
@@ -21,7 +25,7 @@ class CellReaderIndex {
       m_links.push_back({});
       link = static_cast<uint32_t>(m_links.size());
     }
-    m_links[link - 1] = {reader, head};
+    m_links[link - 1] = {reader, object, head};
     head = link;
   }
 
@@ -43,6 +47,14 @@ class CellReaderIndex {
     if (group == nullptr) return;
     for (uint32_t link = m_heads[*group][Slot(cell)]; link != 0; link = m_links[link - 1].next)
       visit(m_links[link - 1].reader);
+  }
+  // The same, calling `visit(reader, object)` with the cell the reader was entered with.
+  template <typename Visit>
+  void ForEachReaderCell(int64_t cell, Visit visit) const {
+    const uint32_t* group = m_groups.Find(GroupKey(cell));
+    if (group == nullptr) return;
+    for (uint32_t link = m_heads[*group][Slot(cell)]; link != 0; link = m_links[link - 1].next)
+      visit(m_links[link - 1].reader, m_links[link - 1].object);
   }
 
   void clear() {
@@ -74,6 +86,7 @@ class CellReaderIndex {
 
   struct Link {
     int64_t reader = 0;
+    CExtFormulaGridCell* object = nullptr;
     uint32_t next = 0;  // 1 + the index of the next link; 0 ends the list
   };
   FlatKeyMap<uint32_t> m_groups;  // group key to index in m_heads

@@ -30,6 +30,12 @@ bool IsNumberOrDateTarget(VarType type) {
 
 bool ConvertVariant(Variant& value, VarType type) {
   if (value.Type() == type) return true;
+  // An integer as a double, the commonest conversion of arithmetic: the general one reads the
+  // integer as exact digits and rounds them to the nearest double, which is the cast.
+  if (type == platform::VT_R8 && (value.Type() == platform::VT_I4 || value.Type() == platform::VT_I8)) {
+    value = Variant::R8(static_cast<double>(value.SignedValue()));
+    return true;
+  }
   Variant source = value;
   // A blank text counts as the integer 0 for numbers and dates, so that an empty input cell
   // joins arithmetic instead of failing it.

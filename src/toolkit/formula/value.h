@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/variant/variant.h"
 #include "toolkit/formula/key_map.h"
@@ -14,17 +15,26 @@ namespace qmk::toolkit::formula {
 // value, which is what ends the recursion of a cell that depends on itself.
 class FormulaContext {
  public:
-  void insert(int64_t key) { m_set.Insert(key, 1); }
-  size_t count(int64_t key) const { return m_set.Contains(key) ? 1 : 0; }
-  size_t size() const { return m_set.size(); }
-  void reserve(size_t count) { m_set.reserve(count); }
+  // Entering is only noted: most passes never ask, and a pass over a long chain should not
+  // pay a table insert per cell. The table is filled from the notes when first asked.
+  void insert(int64_t key) { m_keys.push_back(key); }
+  size_t count(int64_t key) const { return Indexed().Contains(key) ? 1 : 0; }
+  size_t size() const { return Indexed().size(); }
+  void reserve(size_t count) { m_keys.reserve(count); }
 
   // The offset of the cell being computed from the cell its tree was parsed for: cells of one
   // shape share a tree, and its plain cell names are read that much further.
   int m_nShiftColumns = 0, m_nShiftRows = 0;
 
  private:
-  FlatKeySet m_set;
+  const FlatKeySet& Indexed() const {
+    for (; m_nIndexed < m_keys.size(); ++m_nIndexed) m_set.Insert(m_keys[m_nIndexed], 1);
+    return m_set;
+  }
+
+  std::vector<int64_t> m_keys;
+  mutable FlatKeySet m_set;
+  mutable size_t m_nIndexed = 0;
 };
 inline int64_t PositionKey(int column, int row) {
   return (static_cast<int64_t>(static_cast<uint32_t>(column)) << 32) | static_cast<uint32_t>(row);
