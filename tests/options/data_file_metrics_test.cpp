@@ -6,12 +6,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <fstream>
 #include <string>
 #include <vector>
 
 #include "data_file.h"
 #include "options/option_services.h"
+#include "options/scanning_options_model.h"
 #include "support/scoped_env.h"
 
 namespace qmk::options {
@@ -146,6 +148,22 @@ TEST_F(DataFileTest, TheLibrarysServicesGiveTheLastSerial) {
   EXPECT_FALSE(services.LastSerialInDataFile(dir_.str(), last));
   EXPECT_FALSE(services.LastSerialInDataFile(Write("c.dat", "not a data file\n"), last));
   EXPECT_EQ(last, 99u);
+}
+
+// The page is initialised before the current file name is taken, so in a real run it asks about
+// the data folder alone, which holds no serial: the record's serial stands.
+TEST_F(DataFileTest, TheScannerControlPageAsksAboutTheDataFolderAlone) {
+  Write("batch.dat", kHeader + Record(41));
+  build_data record{};
+  sct_config config{};
+  std::strcpy(record.dataFileName, "batch.dat");
+  std::strcpy(record.serialNumberText, "12");
+  record.dataFileMode = 2;
+  std::strcpy(reinterpret_cast<char*>(config.host_portion), dir_.str().c_str());
+  CScanningOptionsMainDlg dialog(record, config, 3, DefaultOptionServices());
+  dialog.OnInitDialog();
+  EXPECT_EQ(dialog.m_tabScannerControl.m_nSerial, 12u);
+  EXPECT_EQ(dialog.m_strCurrentFileName, "batch.dat");
 }
 
 }  // namespace
