@@ -7,6 +7,7 @@
 #include <map>
 
 #include "frame/corvid_app.h"
+#include "frame/message_display.h"
 #include "options/auto_name_dialog_view.h"
 #include "options/data_file_metrics.h"
 #include "options/file_chooser.h"

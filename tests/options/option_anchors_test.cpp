@@ -4,6 +4,7 @@
 #include <map>
 
 #include "options/conversion_options_view.h"
+#include "options/scanning_options_model.h"
 #include "platform/ui/dialog.h"
 #include "view_fixture.h"
 
@@ -33,6 +34,9 @@ class AnchorViewTest : public OptionViewTest {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     GetClientRect(hwnd, &client_after_);
     for (int id : ids) at[id].second = ChildRect(GetDlgItem(hwnd, id));
+    // The dialog's place and size are remembered when it closes: leave them as they were.
+    SetWindowPos(hwnd, nullptr, 0, 0, frame.Width(), frame.Height(),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     dialog.DestroyWindow();
     return at;
   }
