@@ -15,14 +15,15 @@ namespace {
 // The longest line a record may hold: a side's cells in hex after its letter and blank. The
 // header line, bar code included, is far shorter.
 constexpr size_t kMaxLine = 2 * QMK_OMR_BYTES + 2;
-// Serials are written as at most nine digits here, so one more never overflows.
+// A serial of more than nine digits is damage, so the serial after the last never overflows.
 constexpr int kMaxSerialDigits = 9;
 
 enum class LineKind { kLine, kTooLong, kUnended, kEnd };
 
 // One line, without its newline, into `line`, read in blocks so that any byte (a zero too) is
 // just a byte of the line. A line longer than kMaxLine is read to its end and reported as too
-// long; a last line without its newline (a write cut short) as unended.
+// long; a last line without its newline (a write cut short) as unended. A carriage return before
+// the newline is dropped, for a file that travelled through a system that ends lines so.
 class LineReader {
  public:
   explicit LineReader(std::FILE* file) : file_(file), block_(64 * 1024) {}
@@ -32,7 +33,10 @@ class LineReader {
     bool too_long = false, any = false;
     for (int c = Get(); c != EOF; c = Get()) {
       any = true;
-      if (c == '\n') return too_long ? LineKind::kTooLong : LineKind::kLine;
+      if (c == '\n') {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        return too_long ? LineKind::kTooLong : LineKind::kLine;
+      }
       if (too_long) continue;
       if (line.size() == kMaxLine) {
         too_long = true;

@@ -54,6 +54,8 @@ TEST_F(DataFileTest, WholeRecordsGiveTheLastSerial) {
       {"many records", kHeader + Record(1) + Record(2) + Record(3) + Record(41), 4, 1, 41, 0},
       {"last in file order, not the largest", kHeader + Record(90) + Record(12), 2, 90, 12, 0},
       {"no cell lines", kHeader + "sheet 5 front 0 64 back 0 64\n", 1, 5, 5, 0},
+      {"lines ended by carriage return and newline",
+       "# qmkscan data file\r\nsheet 3 front 1 2 back 0 2\r\nF 0a0b\r\nsheet 4 front 0 2 back 0 2\r\n", 2, 3, 4, 0},
       {"bar code", kHeader + "sheet 8 front 1 1 back 0 1 barcode AB 12\nF 7f\n", 1, 8, 8, 0},
       {"last record cut short", kHeader + Record(1) + Record(2) + "sheet 3 front 2 3 back 1 3\nF 0a0b0c\n",
        2, 1, 2, 1},
