@@ -90,7 +90,7 @@ bool CAutoNameDialog::OnOK() {
     services_.ShowText("Please enter an integer between 0 and 999.", frame::kMbIconExclamation);
     return false;
   }
-  if (!services_.CheckAutoNameTemplate(m_strTemplate)) return false;
+  if (!services_.CheckAutoNameTemplate(m_strTemplate, window_)) return false;
   *template_ = m_strTemplate;
   // "Next:" 0 stores -1, so that the next name takes 0.
   *sequence_ = static_cast<int16_t>(m_nNext - 1);

@@ -33,6 +33,8 @@ class CAutoNameDialog {
   void OnEditChange(const std::string& text);
   // Checks and stores; true when the dialog closes with OK. A refusal keeps it open.
   bool OnOK();
+  // The dialog's window, over which the template check tells why it refuses.
+  void SetWindow(QMK_HWND window) { window_ = window; }
 
   // Values the view exchanges with its controls.
   int m_nResetRule = 3;         // 0 daily, 1 weekly, 2 monthly, 3 never
@@ -52,6 +54,7 @@ class CAutoNameDialog {
   int16_t* sequence_;
   uint8_t* flags_;
   OptionServices& services_;
+  QMK_HWND window_ = nullptr;
   std::vector<std::string> presets_;
   std::map<std::string, std::string> descriptions_;
   std::vector<std::string> entries_;

@@ -23,6 +23,7 @@ CAutoNameDialog::CAutoNameDialog(options::CAutoNameDialog& model, HWND parent)
 
 bool CAutoNameDialog::OnInitDialog() {
   CCorvidDialog::OnInitDialog();
+  model_.SetWindow(m_hWnd);
   LimitText(m_hWnd, kIdcNext, 3);
   model_.OnInitDialog();
   // The combo sorts what it is given the way the model sorted its entries.

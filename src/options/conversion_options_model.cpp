@@ -18,6 +18,8 @@ bool BrowseConversionFile(OptionServices& services, const std::string& current, 
   if (!services.FileSpecUsable(current) || !SplitFolder(current, folder, file)) {
     folder.clear();
     file.clear();
+  } else if (folder.empty()) {
+    folder = "/";  // a file in the root folder starts the chooser there, not nowhere
   }
   return services.ChooseOpenFile(services.Text(kTextChooserTitle), filter, folder, file, chosen);
 }

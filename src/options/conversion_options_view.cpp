@@ -15,7 +15,7 @@ namespace ui = platform::ui;
 
 const std::vector<int> kOutputRadios = {kIdcUseDefaultName, kIdcUseOther};
 const std::vector<int> kEditModeRadios = {kIdcEditNormally, kIdcRecheckAll, kIdcClearEditFlags};
-constexpr int kTopLeft[2] = {0, 0}, kTopRight[2] = {100, 0}, kBottomRight[2] = {100, 100};
+constexpr int kTopLeft[2] = {0, 0}, kTopRight[2] = {100, 0};
 
 }  // namespace
 
@@ -28,8 +28,8 @@ CConvertOptionsDialog::CConvertOptionsDialog(options::CConvertOptionsDialog& mod
 bool CConvertOptionsDialog::OnInitDialog() {
   AddAnchor(kIdcOutputFile, kTopLeft, kTopRight);
   AddAnchor(kIdcBrowse, kTopRight, kTopRight);
-  AddAnchor(ui::IDOK, kBottomRight, kBottomRight);
-  AddAnchor(ui::IDCANCEL, kBottomRight, kBottomRight);
+  AddAnchor(ui::IDOK, kTopRight, kTopRight);
+  AddAnchor(ui::IDCANCEL, kTopRight, kTopRight);
   CCorvidDialog::OnInitDialog();
   model_.OnInitDialog();
   ShowValues();
@@ -74,8 +74,8 @@ CEditOptionsDialog::CEditOptionsDialog(options::CEditOptionsDialog& model, HWND 
 }
 
 bool CEditOptionsDialog::OnInitDialog() {
-  AddAnchor(ui::IDOK, kBottomRight, kBottomRight);
-  AddAnchor(ui::IDCANCEL, kBottomRight, kBottomRight);
+  AddAnchor(ui::IDOK, kTopRight, kTopRight);
+  AddAnchor(ui::IDCANCEL, kTopRight, kTopRight);
   CCorvidDialog::OnInitDialog();
   model_.OnInitDialog();
   ShowRadio(m_hWnd, kEditModeRadios, model_.m_nRadio);

@@ -6,8 +6,10 @@
 #include <filesystem>
 #include <map>
 
+#include "frame/corvid_app.h"
 #include "frame/message_display.h"
 #include "options/auto_name_dialog_view.h"
+#include "options/data_file_metrics.h"
 #include "options/file_chooser.h"
 #include "options/settings_paths.h"
 #include "platform/ui/window.h"
@@ -94,19 +96,26 @@ class LibraryServices : public OptionServices {
     return true;
   }
 
-  // The data file's own form belongs to the common services; without them no metrics are read.
-  bool LastSerialInDataFile(const std::string&, unsigned&) override { return false; }
+  // A missing, unreadable or foreign file gives no serial: the record's own stands. A data
+  // file without a whole record gives 0, so the next scan starts at 1.
+  bool LastSerialInDataFile(const std::string& path, unsigned& last_serial) override {
+    DataFileMetrics metrics;
+    if (ReadDataFileMetrics(path, metrics) != DataFileRead::kRead) return false;
+    last_serial = metrics.last_serial;
+    return true;
+  }
 
   std::string DataFolder() override { return ReadRootDirectory(); }
 
   int ShowMessage(int id, unsigned flags, const char* arg) override {
     return arg ? frame::ShowMessageFormatted(id, flags, arg) : frame::ShowMessage(id, flags);
   }
+  // The framework's own messages have no caption of the application and no help topic.
   int ShowText(const std::string& text, unsigned flags) override {
-    return frame::DisplayMessage(text, flags);
+    return frame::TheApp().DoMessageBox(text, flags, 0);
   }
-  bool CheckAutoNameTemplate(const std::string& name_template) override {
-    return GenCheckAutoNameCString(name_template.c_str(), nullptr) != 0;
+  bool CheckAutoNameTemplate(const std::string& name_template, QMK_HWND owner) override {
+    return GenCheckAutoNameCString(name_template.c_str(), owner) != 0;
   }
   int RunAutoNameDialog(CAutoNameDialog& model) override {
     view::CAutoNameDialog dialog(model, platform::ui::GetActiveWindow());

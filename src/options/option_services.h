@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "qmk/QmkScan.h"
+
 namespace qmk::options {
 
 class CAutoNameDialog;
@@ -29,10 +31,10 @@ class OptionServices {
   virtual std::string DataFolder() = 0;
   // Message `id` of the library's table, formatted with `arg` when it is not null.
   virtual int ShowMessage(int id, unsigned flags, const char* arg) = 0;
-  // A text the framework itself shows (its number range checks).
+  // A text the framework itself shows (its number range checks), on the framework's road.
   virtual int ShowText(const std::string& text, unsigned flags) = 0;
-  // Checks a naming template, telling the user why when it is refused.
-  virtual bool CheckAutoNameTemplate(const std::string& name_template) = 0;
+  // Checks a naming template, telling the user why when it is refused, over `owner`.
+  virtual bool CheckAutoNameTemplate(const std::string& name_template, QMK_HWND owner) = 0;
   // Runs the automatic file naming dialog modally; returns the button that ended it.
   virtual int RunAutoNameDialog(CAutoNameDialog& dialog) = 0;
   // The platform's open-file chooser. `filter` pairs are separated by vertical bars.

@@ -71,6 +71,8 @@ void CScanningOptionsTabFileNames::OnClick(int id) {
       break;
     }
     case kIdcAutoGenerate:
+      // This click doesn't run the cross-page rule: the batch edit keeps its state until a
+      // radio of the page is clicked.
       m_bAutoGenerate = !m_bAutoGenerate;
       // A Cancel in the naming dialog leaves the check on.
       if (m_bAutoGenerate) OpenAutoNameDialog();

@@ -30,6 +30,7 @@ class FakeOptionServices : public OptionServices {
   int auto_name_runs = 0;
   bool template_ok = true;
   std::vector<std::string> templates_checked;
+  std::vector<QMK_HWND> template_owners;
   std::string chooser_answer;  // empty: the chooser is cancelled
   std::vector<std::string> chooser_calls;
 
@@ -66,8 +67,9 @@ class FakeOptionServices : public OptionServices {
     shown.push_back(text + " " + std::to_string(flags));
     return frame::kIdOk;
   }
-  bool CheckAutoNameTemplate(const std::string& name_template) override {
+  bool CheckAutoNameTemplate(const std::string& name_template, QMK_HWND owner) override {
     templates_checked.push_back(name_template);
+    template_owners.push_back(owner);
     return template_ok;
   }
   int RunAutoNameDialog(CAutoNameDialog& dialog) override {

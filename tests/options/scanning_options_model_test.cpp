@@ -160,6 +160,32 @@ TEST_F(ScanOptionsTest, AutoGenerateOpensTheNamingDialogAndItsCancelKeepsTheChec
   EXPECT_FALSE(Files().Enabled(kIdcAutonameRules));
 }
 
+// The auto-generation check is not among the clicks that run the cross-page rule: turning it
+// off leaves the batch edit disabled until a radio of the page is clicked.
+TEST_F(ScanOptionsTest, TurningAutoGenerationOffDoesNotGiveTheBatchEditBack) {
+  record_.fileOptionFlags = QMK_FILEOPT_AUTONAME;
+  std::strcpy(record_.autoNameTemplate, "Scan*S.dat");
+  record_.autoNameFlags = QMK_AUTONAME_NEVER_RESET | QMK_AUTONAME_USE_AS_BATCH;
+  record_.dataFileMode = 0;
+  Open();
+  ASSERT_FALSE(dialog_->m_bBatchEditable);
+  ASSERT_FALSE(Page().Enabled(kIdcBatch));
+  Files().OnClick(kIdcAutoGenerate);  // off
+  EXPECT_FALSE(Files().m_bAutoGenerate);
+  EXPECT_EQ(services_.auto_name_runs, 0);
+  EXPECT_FALSE(dialog_->m_bBatchEditable);
+  EXPECT_FALSE(Page().Enabled(kIdcBatch));
+  EXPECT_EQ(dialog_->m_nDataFileMode, 0);
+  Files().m_nFileMode = 1;  // a mode chosen without a click reaches the other page only by one
+  Files().OnClick(kIdcAutoGenerate);  // on again, the naming dialog cancelled
+  EXPECT_EQ(dialog_->m_nDataFileMode, 0);
+  EXPECT_FALSE(Page().Enabled(kIdcSerial));
+  Files().OnClick(kIdcAutoGenerate);  // off
+  Files().OnClick(kIdcAppend);
+  EXPECT_TRUE(dialog_->m_bBatchEditable);
+  EXPECT_TRUE(Page().Enabled(kIdcBatch));
+}
+
 TEST_F(ScanOptionsTest, NamingDialogOkWithUseAsBatchDisablesTheBatchEdit) {
   record_.fileOptionFlags = QMK_FILEOPT_AUTONAME;
   Open();
@@ -456,6 +482,36 @@ TEST_F(RunScanOptionsTest, ResetDueTodayDropsTheTypedSequence) {
   EXPECT_EQ(record_.autoNameResetMonth, 3);
 }
 
+// A reset found at opening lives only in the dialog's copy: a Cancel after a whole edit session,
+// with a typed sequence and a copy that passed OK, leaves every byte of the host's record.
+TEST_F(RunScanOptionsTest, CancelWhenAResetFellDueLeavesTheRecordBitForBit) {
+  platform::FixedWallClock clock(2024, 3, 15);
+  platform::ScopedWallClock use(&clock);
+  auto* bytes = reinterpret_cast<unsigned char*>(&record_.reserved9);
+  for (size_t i = 0; i < sizeof record_.reserved9; ++i) bytes[i] = static_cast<unsigned char>(i * 13);
+  record_.fileOptionFlags = QMK_FILEOPT_AUTONAME;
+  std::strcpy(record_.autoNameTemplate, "Scan*S.dat");
+  record_.autoNameFlags = QMK_AUTONAME_RESET_DAILY;
+  record_.autoNameSequence = 30;
+  record_.autoNameResetDay = 14, record_.autoNameResetMonth = 3;
+  services_.auto_name_answer = frame::kIdOk;
+  services_.on_auto_name = [](CAutoNameDialog& d) { d.OnInitDialog(); d.m_nNext = 90; d.OnOK(); };
+  const build_data before = record_;
+  bool reset_seen = false, copy_changed = false;
+  EXPECT_FALSE(RunScanOptions(&record_, config_, 3, services_, [&](Dlg& d) {
+    d.OnInitDialog();
+    reset_seen = d.m_data.autoNameResetDay == 15 && d.m_tabFileNames.m_nAutoSequence == 0;
+    d.m_tabFileNames.OnClick(kIdcAutonameRules);
+    d.m_tabScannerControl.m_nSerial = 1;
+    d.m_tabScannerControl.m_nRun = 8;
+    copy_changed = d.OnOK() && d.m_data.autoNameSequence == 89;
+    return frame::kIdCancel;
+  }));
+  EXPECT_TRUE(reset_seen);
+  EXPECT_TRUE(copy_changed);
+  EXPECT_EQ(std::memcmp(&before, &record_, sizeof record_), 0);
+}
+
 TEST_F(RunScanOptionsTest, WithoutResetTheTypedSequenceIsKept) {
   record_.fileOptionFlags = QMK_FILEOPT_AUTONAME;
   std::strcpy(record_.autoNameTemplate, "Scan*S.dat");
@@ -471,6 +527,15 @@ TEST_F(RunScanOptionsTest, WithoutResetTheTypedSequenceIsKept) {
 }
 
 // ---- browsing ----
+
+TEST_F(ScanOptionsTest, BrowseFromAFileInTheRootFolderStartsThere) {
+  record_.fileOptionFlags = 0;
+  std::strcpy(record_.scanConversionFileName, "/conv.txt");
+  Open();
+  Files().OnClick(kIdcBrowse);
+  ASSERT_EQ(services_.chooser_calls.size(), 1u);
+  EXPECT_EQ(services_.chooser_calls[0], "Pick|Text (*.txt)|*.txt||/|conv.txt");
+}
 
 TEST_F(ScanOptionsTest, BrowseStartsAtTheOutputFileAndTakesTheChoice) {
   record_.fileOptionFlags = 0;
