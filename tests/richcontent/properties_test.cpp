@@ -290,6 +290,8 @@ TEST(RuleSentinels, ClearedValuesThatCountWhenDeclared) {
       {"caption-side: bottom", "caption-side: top", kCaptionSide, 1},
       {"empty-cells: hide", "empty-cells: show", kEmptyCells, 0},
       {"table-layout: fixed", "table-layout: auto", kTableLayout, 1},
+      // The url cursor shares the cleared value 1: only its text travels.
+      {"cursor: pointer", "cursor: url(h.cur)", kCursor, 10},
   };
   for (const Case& c : cases) {
     CExtRichStyleRule rule = RuleOf(c.earlier);
