@@ -120,6 +120,68 @@ TEST(PseudoElements, BeforeRulesDoNotAlterTheItem) {
   EXPECT_EQ(before.m_colors[kColorText], Rgb(255, 0, 0));
 }
 
+// Rules of a part of the element's text (first line, first letter) leave the element alone.
+TEST(PseudoElements, PartRulesDoNotRestyleTheElement) {
+  const char* sheets[] = {"p:first-line{color:green; display:none}", "p:first-letter{color:green; display:none}",
+                          ".note:first-line{color:green}", "q:after{color:green}"};
+  for (const char* sheet : sheets) {
+    Document doc(std::string("<style>") + sheet + "</style><P CLASS=\"Note\">b <q>c</q></P>");
+    EXPECT_EQ(doc.Style("p").m_colors[kColorText], -1) << sheet;
+    EXPECT_EQ(doc.Style("p").Display(), 1) << sheet;
+    EXPECT_EQ(doc.Style("q").m_colors[kColorText], -1) << sheet;
+  }
+}
+
+TEST(PseudoClasses, FirstChildIsTheFirstElementOfItsParent) {
+  Document doc("<style>li:first-child{color:red} b:first-child{color:blue}</style>"
+               "<ul><li>a<li>b<li>c</ul><p>text first <b>x</b><b>y</b></p><div><i>i</i><b>z</b></div>");
+  const CExtRichContentItem* list = doc.First("ul");
+  ASSERT_EQ(list->m_children.size(), 3u);
+  const int32_t expected[] = {Rgb(255, 0, 0), -1, -1};
+  for (size_t i = 0; i < 3; ++i)
+    EXPECT_EQ(list->m_children[i]->m_pStyle->m_colors[kColorText], expected[i]) << "li " << i;
+  // Text before an element does not count; an element before it does.
+  const CExtRichContentItem* p = doc.First("p");
+  EXPECT_EQ(doc.Style("b").m_colors[kColorText], Rgb(0, 0, 255));
+  EXPECT_EQ(p->m_children.back()->m_pStyle->m_colors[kColorText], -1);
+  EXPECT_EQ(doc.First("div")->m_children.back()->m_pStyle->m_colors[kColorText], -1);
+}
+
+TEST(PseudoClasses, FirstChildRuleWinsOverItsKeyOnlyWhereItApplies) {
+  Document doc("<style>li:first-child{color:red} li{color:blue; font-weight:bold}</style><ol><li>a<li>b</ol>");
+  const CExtRichContentItem* list = doc.First("ol");
+  EXPECT_EQ(list->m_children[0]->m_pStyle->m_colors[kColorText], Rgb(255, 0, 0));
+  EXPECT_EQ(list->m_children[0]->m_pStyle->m_font.lfWeight, 700);
+  EXPECT_EQ(list->m_children[1]->m_pStyle->m_colors[kColorText], Rgb(0, 0, 255));
+}
+
+// Sheets and style attributes alike can make an element inline or restore white-space from
+// the parent; "visibility: visible" and "position: static" from a sheet change nothing.
+TEST(CascadeOrder, ClearedKeywordsFromSheetsAndAttributes) {
+  struct Case {
+    const char* html;
+    const char* tag;
+    EnumField field;
+    int value;
+  };
+  const Case cases[] = {
+      {"<style>p{display:inline}</style><p>x</p>", "p", kDisplay, 2},
+      {"<style>.x{display:inline}</style><div class=x>x</div>", "div", kDisplay, 2},
+      {"<div style=\"display:inline\">x</div>", "div", kDisplay, 2},
+      {"<style>span{display:block}</style><span>x</span>", "span", kDisplay, 1},
+      {"<style>span{display:block} .i{display:inline}</style><span class=i>x</span>", "span", kDisplay, 2},
+      {"<div>x</div>", "div", kDisplay, 1},
+      {"<style>p{white-space:pre} .n{white-space:inherit}</style><div><p class=n>x</p></div>", "p", kWhiteSpace, 0},
+      {"<style>p{white-space:pre}</style><div><p>x</p></div>", "p", kWhiteSpace, 2},
+      // Kept: the cleared value of these fields is the one that changes nothing.
+      {"<style>p{visibility:hidden} .v{visibility:visible}</style><p class=v>x</p>", "p", kVisibility, 1},
+      {"<style>p{visibility:hidden}</style><p style=\"visibility:visible\">x</p>", "p", kVisibility, 0},
+      {"<style>p{position:absolute} .s{position:static}</style><p class=s>x</p>", "p", kPosition, 0},
+      {"<style>p{position:absolute}</style><p style=\"position:static\">x</p>", "p", kPosition, 3},
+  };
+  for (const Case& c : cases) EXPECT_EQ(Document(c.html).Style(c.tag).m_enums[c.field], c.value) << c.html;
+}
+
 TEST(Computed, FontWeightsStayInRange) {
   Document doc("<p style=\"font-weight:lighter\"><span style=\"font-weight:lighter\">a</span>"
                "<b><b><b>x</b></b></b></p>");

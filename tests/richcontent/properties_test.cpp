@@ -168,6 +168,27 @@ TEST(Keywords, FontsAndText) {
   EXPECT_EQ(RuleOf("text-decoration: none").m_nUnderline, -1);
 }
 
+// A plain number or "em" after the font shorthand's "/" measures the font the shorthand gives;
+// the line-height property alone measures the parent's.
+TEST(Keywords, LineHeightOfTheFontShorthandMeasuresItsOwnSize) {
+  CExtRichStyleDescription parent;  // height -13
+  struct Case {
+    const char* declaration;
+    int lineHeight;
+  };
+  const Case cases[] = {
+      {"font: italic bold 20px/2 Arial", 40},
+      {"font: 20px/1.5em serif", 30},
+      {"font: 20px/30px serif", 30},
+      {"font: 200%/2 serif", 52},  // twice 26
+      {"font: large/1 serif", 18},
+      {"font: 20px serif", -1},    // no line height given
+      {"line-height: 2", 26},
+      {"font-size: 20px; line-height: 2", 26},
+  };
+  for (const Case& c : cases) EXPECT_EQ(RuleOf(c.declaration, parent).m_nLineHeight, c.lineHeight) << c.declaration;
+}
+
 TEST(Keywords, ColoursStringsAndShorthands) {
   EXPECT_EQ(RuleOf("color: #00ff00").m_colors[kColorText], Rgb(0, 255, 0));
   EXPECT_EQ(RuleOf("color: nosuch").m_colors[kColorText], -1);
@@ -235,15 +256,51 @@ TEST(RuleSentinels, MergeSkipsUndeclaredFields) {
   EXPECT_EQ(target.m_lengths[kMarginLeft], 4);
   EXPECT_EQ(target.m_nWeightAbsolute, 700);
   EXPECT_EQ(target.m_nItalic, 1);
-  // "display: inline" (2) is the cleared value of the field, so a later rule cannot undo an
-  // earlier "block" with it.
+  // "display: inline" (2) is also the cleared value of the field; declared, it still counts.
   target.Merge(RuleOf("display: inline"));
-  EXPECT_EQ(target.m_enums[kDisplay], 1);
+  EXPECT_EQ(target.m_enums[kDisplay], 2);
+  target.Merge(RuleOf("color: blue"));
+  EXPECT_EQ(target.m_enums[kDisplay], 2);
+  target.Merge(RuleOf("display: list-item"));
+  EXPECT_EQ(target.m_enums[kDisplay], 5);
   CExtRichStyleRule cleared;
+  EXPECT_EQ(cleared.m_enums[kDisplay], 2);
+  EXPECT_FALSE(cleared.IsDeclared(kDisplay));
   EXPECT_EQ(cleared.m_lengths[kMarginAutoLeft], kNoValue);
   EXPECT_EQ(cleared.m_lengths[kZIndex], kNoValue);
   EXPECT_EQ(cleared.m_enums[kCursor], 1);
   EXPECT_EQ(cleared.m_enums[kPosition], 3);
+}
+
+// Only display and white-space mark a declared cleared value; for the other fields the cleared
+// value is the one that changes nothing, and a declaration of it merges as not declared.
+TEST(RuleSentinels, ClearedValuesThatCountWhenDeclared) {
+  struct Case {
+    const char* earlier;
+    const char* later;
+    EnumField field;
+    int merged;
+  };
+  const Case cases[] = {
+      {"display: block", "display: inline", kDisplay, 2},
+      {"white-space: pre", "white-space: inherit", kWhiteSpace, 5},
+      {"visibility: hidden", "visibility: visible", kVisibility, 1},
+      {"position: absolute", "position: static", kPosition, 0},
+      {"border-collapse: collapse", "border-collapse: separate", kBorderCollapse, 0},
+      {"caption-side: bottom", "caption-side: top", kCaptionSide, 1},
+      {"empty-cells: hide", "empty-cells: show", kEmptyCells, 0},
+      {"table-layout: fixed", "table-layout: auto", kTableLayout, 1},
+      // The url cursor shares the cleared value 1: only its text travels.
+      {"cursor: pointer", "cursor: url(h.cur)", kCursor, 10},
+  };
+  for (const Case& c : cases) {
+    CExtRichStyleRule rule = RuleOf(c.earlier);
+    rule.Merge(RuleOf(c.later));
+    EXPECT_EQ(rule.m_enums[c.field], c.merged) << c.earlier << " then " << c.later;
+  }
+  // The mark is part of the rule's content: equal values, one declared, are different rules.
+  EXPECT_FALSE(RuleOf("display: inline") == CExtRichStyleRule());
+  EXPECT_TRUE(RuleOf("visibility: visible") == CExtRichStyleRule());
 }
 
 }  // namespace

@@ -143,7 +143,12 @@ TEST(Lengths, PercentAndPlainNumberOutputs) {
   EXPECT_FALSE(isPlain);
   EXPECT_EQ(ResolveLength("-50%", true, &font, 40, &percent, &isPercent), 40);
   EXPECT_DOUBLE_EQ(percent, 0.4);
-  EXPECT_EQ(ResolveLength("-50%", true, &font, 40, &percent, &isPercent, nullptr, true), -6);
+  // Allowed negative: the fraction comes through, the pixels are still the default.
+  EXPECT_EQ(ResolveLength("-50%", true, &font, 40, &percent, &isPercent, nullptr, true), 40);
+  EXPECT_DOUBLE_EQ(percent, -0.5);
+  EXPECT_EQ(ResolveLength("-50%", true, &font, 40, nullptr, nullptr, nullptr, true), 40);
+  EXPECT_EQ(ResolveLength("-5pt", true, &font, 40, nullptr, nullptr, nullptr, true), 40);
+  EXPECT_EQ(ResolveLength("-5px", true, &font, 40, nullptr, nullptr, nullptr, false), -5);
   EXPECT_EQ(ResolveLength("5", true, &font, 0, &percent, &isPercent, &isPlain), 5);
   EXPECT_TRUE(isPlain);
   EXPECT_FALSE(isPercent);

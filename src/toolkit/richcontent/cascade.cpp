@@ -37,6 +37,18 @@ bool PseudoStateSet::Matches(const PseudoStateSet& rule, const PseudoStateSet& s
 
 // ---- the rules of one layout ----
 
+namespace {
+
+// Is `item` the first element among its parent's children (text before it does not count)?
+bool IsFirstElementChild(const CExtRichContentItem& item) {
+  if (!item.m_pParent) return false;
+  for (const CExtRichContentItem* sibling : item.m_pParent->m_children)
+    if (sibling->IsElement()) return sibling == &item;
+  return false;
+}
+
+}  // namespace
+
 void CExtRichContentLayout::MergeRulesOf(CExtRichContentItem& item, const char* name,
                                          CExtRichStyleRule& rule,
                                          const CExtRichStyleDescription& parentStyle) {
@@ -51,15 +63,21 @@ void CExtRichContentLayout::MergeRulesOf(CExtRichContentItem& item, const char* 
   for (CExtRichContentItem* child : keyItem->m_ruleChildren) {
     if (child->m_nKind != kKindRule || !PseudoStateSet::Matches(child->m_state, item.m_state))
       continue;
+    const int32_t* named = child->m_state.m_fields;
     // ":before" and ":after" rules belong to the generated content, not to the item itself.
-    if (child->m_state.m_fields[kPseudoBefore]) {
+    if (named[kPseudoBefore]) {
       rule.m_pBeforeRule = child;
       continue;
     }
-    if (child->m_state.m_fields[kPseudoAfter]) {
+    if (named[kPseudoAfter]) {
       rule.m_pAfterRule = child;
       continue;
     }
+    // A first line or first letter rule styles only that part of the text, which is not drawn
+    // apart from the element: it must not restyle the whole element.
+    if (named[kPseudoFirstLine] || named[kPseudoFirstLetter]) continue;
+    // ":first-child" is a condition on the item's place, not a part of it.
+    if (named[kPseudoFirstChild] && !IsFirstElementChild(item)) continue;
     fresh.Reset();
     child->ApplyDeclarations(fresh, parentStyle);
     rule.Merge(fresh);
@@ -140,7 +158,7 @@ const CExtRichStyleDescription& CExtRichContentItem::ComputeStyle(const CExtRich
     }
     style.CopyFromParent(parentStyle);
     style.Compute(rule, parentStyle);
-    if (m_bBlockDisplay && rule.m_enums[kDisplay] == InfoOf(kDisplay).reset) style.m_enums[kDisplay] = 1;
+    if (m_bBlockDisplay && !rule.IsDeclared(kDisplay)) style.m_enums[kDisplay] = 1;
     m_pStyle = m_pLayout->ShareStyle(style);
     m_pLayout->RememberStyle(m_pRule, &parentStyle, m_bBlockDisplay, m_pStyle);
     m_bComputed = true;

@@ -79,6 +79,8 @@ int ResolveLength(const char* text, bool horizontal, const CExtRichFontDescripti
     case Unit::kQem: result = RoundLength(h * v); break;
     case Unit::kEx: result = Truncate(v); break;  // one ex is one pixel: no font metric is used
     case Unit::kPercent:
+      // `allowNegative` only lets a negative fraction through; the pixels of a negative percent
+      // are the default like those of every unit but "px".
       if (outIsPercent) *outIsPercent = true;
       if (v < 0 && !allowNegative) {
         if (outPercent) *outPercent = defaultValue / 100.0;
@@ -86,7 +88,6 @@ int ResolveLength(const char* text, bool horizontal, const CExtRichFontDescripti
       }
       if (outPercent) *outPercent = v / 100.0;
       result = RoundLength(h * v / 100);
-      if (allowNegative) return result;
       break;
     case Unit::kNone:
       if (outIsPlainNumber) *outIsPlainNumber = true;

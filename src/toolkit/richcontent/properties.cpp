@@ -63,7 +63,7 @@ std::string UrlText(std::string_view v) {
 
 void TakeParentEnum(Declaration& d, EnumField f) {
   const int inherit = InfoOf(f).inherit;
-  d.rule.m_enums[f] = inherit != kNoValue ? inherit : d.parent.m_enums[f];
+  d.rule.DeclareEnum(f, inherit != kNoValue ? inherit : d.parent.m_enums[f]);
 }
 
 // A keyword of `words` into an enum field; true when the value was taken.
@@ -73,7 +73,7 @@ bool ReadEnum(Declaration& d, EnumField f, const Keywords& words, std::string_vi
     return true;
   }
   if (const std::optional<int> k = Lookup(words, v)) {
-    d.rule.m_enums[f] = *k;
+    d.rule.DeclareEnum(f, *k);
     return true;
   }
   if (unknown != kKeep) d.rule.m_enums[f] = unknown;
@@ -299,7 +299,8 @@ bool ReadFontSize(Declaration& d, const std::string& v) {
   return true;
 }
 
-bool ReadLineHeight(Declaration& d, const std::string& v) {
+// `font` is the font whose height a plain number multiplies (and an "em" measures).
+bool ReadLineHeight(Declaration& d, const std::string& v, const CExtRichFontDescription& font) {
   if (IsInherit(v)) {
     d.rule.m_lfLineHeightFactor = d.parent.m_lfLineHeightFactor;
     d.rule.m_nLineHeight = d.parent.m_nLineHeight;
@@ -311,13 +312,13 @@ bool ReadLineHeight(Declaration& d, const std::string& v) {
   }
   double percent = 0;
   bool isPercent = false, isPlain = false;
-  const int px = Length(d, v, -1, false, &percent, &isPercent, &isPlain);
+  const int px = ResolveLength(v.c_str(), true, &font, -1, &percent, &isPercent, &isPlain, false);
   if (isPercent) {
     d.rule.m_lfLineHeightFactor = percent;
   } else if (isPlain) {
     // A plain number is a multiple of the font height.
     const double factor = std::clamp(std::strtod(v.c_str(), nullptr), -1.0e6, 1.0e6);
-    d.rule.m_nLineHeight = static_cast<int>(std::fabs(factor * std::abs(d.parent.m_font.lfHeight)));
+    d.rule.m_nLineHeight = static_cast<int>(std::fabs(factor * std::abs(font.lfHeight)));
   } else if (px >= 0) {
     d.rule.m_nLineHeight = px;
   } else {
@@ -348,7 +349,12 @@ void FontShorthand(Declaration& d) {
     if (ReadFontWeight(d, v)) continue;
     const size_t slash = v.find('/');
     if (ReadFontSize(d, v.substr(0, slash))) {
-      if (slash != std::string::npos) ReadLineHeight(d, v.substr(slash + 1));
+      if (slash != std::string::npos) {
+        // "20px/2" is twice the 20 pixels given here, not twice the parent's font.
+        CExtRichFontDescription sized = d.parent.m_font;
+        ComputeFont(sized, d.rule);
+        ReadLineHeight(d, v.substr(slash + 1), sized);
+      }
       ++i;
       break;
     }
@@ -866,7 +872,7 @@ void AddOtherProperties(std::unordered_map<std::string, Handler>& t) {
     if (d.Count() == 1) ReadFontWeight(d, d.Value(0));
   };
   t["line-height"] = [](Declaration& d) {
-    if (d.Count() == 1) ReadLineHeight(d, d.Value(0));
+    if (d.Count() == 1) ReadLineHeight(d, d.Value(0), d.parent.m_font);
   };
   t["text-decoration"] = ReadTextDecoration;
 }

@@ -81,7 +81,13 @@ constexpr LengthFieldInfo kLengthInfo[kLengthFieldCount] = {
 
 }  // namespace
 
+static_assert(kEnumFieldCount <= 64, "the declared marks of a rule are one 64-bit word");
+
 const EnumFieldInfo& InfoOf(EnumField field) { return kEnumInfo[field]; }
+// Display and white-space have no value that means "changes nothing": their cleared values
+// (inline, inherit) are real declarations. The other fields' cleared values change nothing by
+// design ("visibility: visible", "position: static" and the like merge as not declared).
+bool DeclaredValueCounts(EnumField field) { return field == kDisplay || field == kWhiteSpace; }
 const LengthFieldInfo& InfoOf(LengthField field) { return kLengthInfo[field]; }
 bool IsInherited(ColorField field) { return field == kColorText; }
 bool IsInherited(StringField field) {
@@ -143,6 +149,12 @@ void CExtRichStyleRule::Reset() {
   m_bQuotesSet = false;
   m_nBackgroundSet = 0;
   m_pBeforeRule = m_pAfterRule = nullptr;
+  m_nDeclaredEnums = 0;
+}
+
+void CExtRichStyleRule::DeclareEnum(EnumField field, int value) {
+  m_enums[field] = value;
+  if (DeclaredValueCounts(field)) m_nDeclaredEnums |= uint64_t{1} << field;
 }
 
 namespace {
@@ -153,7 +165,10 @@ void TakeUnless(T& target, const T& source, const T& sentinel) {
 }  // namespace
 
 void CExtRichStyleRule::Merge(const CExtRichStyleRule& s) {
-  for (int i = 0; i < kEnumFieldCount; ++i) TakeUnless(m_enums[i], s.m_enums[i], kEnumInfo[i].reset);
+  for (int i = 0; i < kEnumFieldCount; ++i)
+    if (s.IsDeclared(static_cast<EnumField>(i))) m_enums[i] = s.m_enums[i];
+    else TakeUnless(m_enums[i], s.m_enums[i], kEnumInfo[i].reset);
+  m_nDeclaredEnums |= s.m_nDeclaredEnums;
   // A pixel value and its percent form travel together.
   for (int i = 0; i < kLengthFieldCount; ++i) {
     if (s.m_lengths[i] == kLengthInfo[i].reset && s.m_percents[i] < 0.0f) continue;
@@ -224,8 +239,6 @@ int CExtRichStyleDescription::Display() const {
   return m_enums[kDisplay] == 17 ? 2 : m_enums[kDisplay];
 }
 
-namespace {
-
 void ComputeFont(CExtRichFontDescription& f, const CExtRichStyleRule& r) {
   if (r.m_nWeightAbsolute != 0) f.lfWeight = std::clamp(r.m_nWeightAbsolute, 100, 900);
   if (r.m_nWeightRelative != 0) f.lfWeight = std::clamp(f.lfWeight + r.m_nWeightRelative, 100, 900);
@@ -253,8 +266,6 @@ void ComputeFont(CExtRichFontDescription& f, const CExtRichStyleRule& r) {
     f.lfHeight = -std::abs(static_cast<int32_t>(limited));
   }
 }
-
-}  // namespace
 
 void CExtRichStyleDescription::Compute(const CExtRichStyleRule& r,
                                        const CExtRichStyleDescription& parent) {

@@ -101,6 +101,9 @@ struct LengthFieldInfo {
   bool inherited;
 };
 const EnumFieldInfo& InfoOf(EnumField field);
+// True for the fields whose cleared value is also a value a rule can declare and that must then
+// count ("display: inline", "white-space: inherit"); a rule marks such declarations.
+bool DeclaredValueCounts(EnumField field);
 const LengthFieldInfo& InfoOf(LengthField field);
 bool IsInherited(ColorField field);
 bool IsInherited(StringField field);
@@ -136,7 +139,12 @@ class CExtRichStyleRule : public StyleFields {
   void Clear() { Reset(); }
   void Reset();
   bool operator==(const CExtRichStyleRule&) const = default;
+  // Stores a declared keyword value; for the fields of DeclaredValueCounts the declaration is
+  // marked, so it survives a merge even when it equals the cleared value.
+  void DeclareEnum(EnumField field, int value);
+  bool IsDeclared(EnumField field) const { return (m_nDeclaredEnums >> field) & 1u; }
 
+  uint64_t m_nDeclaredEnums = 0;  // one bit per EnumField, see DeclareEnum
   int m_nWeightAbsolute = 0, m_nWeightRelative = 0;
   int m_nItalic = 0, m_nUnderline = 0, m_nStrike = 0;  // positive sets, negative clears
   std::string m_strFace;
@@ -148,6 +156,9 @@ class CExtRichStyleRule : public StyleFields {
   CExtRichContentItem* m_pBeforeRule = nullptr;
   CExtRichContentItem* m_pAfterRule = nullptr;
 };
+
+// Applies the font fields of `rule` (weight, flags, face, size) to the request `font`.
+void ComputeFont(CExtRichFontDescription& font, const CExtRichStyleRule& rule);
 
 // The computed style of an item: a font request and one real value per property.
 class CExtRichStyleDescription : public StyleFields {

@@ -56,6 +56,7 @@ size_t HashOf(const CExtRichStyleRule& r) {
   h.AddReal(r.m_lfSizeFactor);
   h.AddReal(r.m_lfLineHeightFactor);
   h.AddWord(static_cast<uint64_t>(r.m_bQuotesSet));
+  h.AddWord(r.m_nDeclaredEnums);
   h.AddPointer(r.m_pBeforeRule);
   h.AddPointer(r.m_pAfterRule);
   return h.Value();
