@@ -114,6 +114,28 @@ TEST_F(ThemedWidgets, ScrollBarIsDrawnInTheThemesColours) {
     EXPECT_EQ(Rgb(picture->GetPixel(p.x, p.y)), Rgb(expected.GetPixel(p.x, p.y))) << p.x << "," << p.y;
 }
 
+TEST_F(ThemedWidgets, TheDrawnThumbFollowsADragBeforeTheOwnerMovesTheBar) {
+  HWND bar = Make(kScrollBarClass, "", SBS_HORZ, {10, 10, 310, 27}, 7);
+  Send(bar, SBM_SETRANGE, 0, 100);
+  Send(bar, SBM_SETPOS, 10, 1);
+  auto* themed = new ThemedScrollBar;
+  ASSERT_TRUE(themed->SubclassWindow(bar));
+  themed->SetAutoDelete(true);
+  Rect client;
+  GetClientRect(bar, &client);
+  const platform::DrawRect before = themed->Data(client).m_rcThumb;
+  const Point grip = Centre(before);
+  Send(bar, WM_LBUTTONDOWN, 1, MAKELPARAM(grip.x, grip.y));
+  Send(bar, WM_MOUSEMOVE, 1, MAKELPARAM(grip.x + 60, grip.y));
+  const theme::PAINTSCROLLBARDATA dragging = themed->Data(client);
+  EXPECT_GT(dragging.m_rcThumb.left, before.left + 40);
+  EXPECT_EQ(dragging.m_nStateThumb, static_cast<unsigned>(theme::kStatePressed));
+  EXPECT_EQ(Send(bar, SBM_GETPOS), 10) << "the owner hasn't moved the bar";
+  Send(bar, WM_LBUTTONUP, 0, MAKELPARAM(grip.x + 60, grip.y));
+  // Released, the thumb shows the bar's own position again (the host never moves it).
+  EXPECT_EQ(themed->Data(client).m_rcThumb.left, before.left);
+}
+
 class TabStrip : public ThemedWidgets {
  protected:
   void SetUp() override {

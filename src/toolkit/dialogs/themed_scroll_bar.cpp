@@ -13,6 +13,18 @@ namespace qmk::toolkit {
 
 namespace ui = platform::ui;
 
+namespace {
+
+// Messages after which the bar looks different: its range, page, position or arrows changed.
+bool ChangesTheBar(unsigned msg) {
+  for (unsigned m : {ui::SBM_SETPOS, ui::SBM_SETRANGE, ui::controls::SBM_SETRANGEREDRAW,
+                     ui::controls::SBM_SETSCROLLINFO, ui::controls::SBM_ENABLE_ARROWS, ui::WM_ENABLE})
+    if (msg == m) return true;
+  return false;
+}
+
+}  // namespace
+
 theme::PAINTSCROLLBARDATA ThemedScrollBar::Data(const platform::DrawRect& rc) const {
   ui::controls::SCROLLINFO info;
   info.fMask = ui::controls::SIF_ALL;
@@ -79,10 +91,7 @@ ThemedControl::LRESULT ThemedScrollBar::WindowProc(unsigned msg, WPARAM wp, LPAR
       break;
   }
   const LRESULT r = ThemedControl::WindowProc(msg, wp, lp);
-  if ((msg >= ui::SBM_SETPOS && msg <= ui::controls::SBM_GETSCROLLINFO && msg != ui::SBM_GETPOS &&
-       msg != ui::SBM_GETRANGE && msg != ui::controls::SBM_GETSCROLLINFO) ||
-      msg == ui::WM_ENABLE)
-    Invalidate();
+  if (ChangesTheBar(msg)) Invalidate();
   return r;
 }
 
