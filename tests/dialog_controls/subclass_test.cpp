@@ -18,6 +18,7 @@
 #include "toolkit/dialogs/ext_spin_wnd.h"
 #include "toolkit/dialogs/subclass_controls.h"
 #include "toolkit/dialogs/themed_progress.h"
+#include "toolkit/dialogs/themed_scroll_bar.h"
 
 namespace qmk::testing {
 namespace {
@@ -39,6 +40,7 @@ std::string Becomes(const std::string& cls, uint32_t style) {
   if (typeid(ref) == typeid(CExtComboBox)) return "combo";
   if (typeid(ref) == typeid(CExtSpinWnd)) return "spin";
   if (typeid(ref) == typeid(ThemedProgress)) return "progress";
+  if (typeid(ref) == typeid(ThemedScrollBar)) return "scroll";
   return "other";
 }
 
@@ -53,7 +55,7 @@ TEST(SubclassTable, ClassNamesAndButtonKinds) {
       {"Button", 0x1003, "check"},  // push-like check boxes are still check boxes
       {"STATIC", 0, "label"},   {"static", 0x12, "label"}, {"Edit", 0, "edit"},
       {"ComboBox", 3, "combo"}, {"msctls_updown32", 0, "spin"}, {"MSCTLS_PROGRESS32", 0, "progress"},
-      {"ScrollBar", 0, "plain"}, {"ListBox", 0, "plain"},  {"SysTabControl32", 0, "plain"},
+      {"ScrollBar", 0, "scroll"}, {"SCROLLBAR", 1, "scroll"}, {"ListBox", 0, "plain"},  {"SysTabControl32", 0, "plain"},
       {"Buttons", 0, "plain"},  {"", 0, "plain"},
   };
   for (const Case& c : cases) EXPECT_EQ(Becomes(c.cls, c.style), c.want) << c.cls << " style " << c.style;

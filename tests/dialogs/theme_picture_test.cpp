@@ -13,7 +13,7 @@
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
 #include "toolkit/dialogs/msg_box.h"
-#include "toolkit/dialogs/resizable_dialog.h"
+#include "toolkit/dialogs/sample_dialog.h"
 #include "toolkit/theme/selection.h"
 
 namespace qmk::testing {
@@ -41,8 +41,8 @@ class ThemePictures : public DialogTest, public ::testing::WithParamInterface<Fa
 };
 
 TEST_P(ThemePictures, SampleDialog) {
-  toolkit::CExtResizableDialog dlg(9000);
-  ASSERT_TRUE(dlg.Create(9000, nullptr));
+  toolkit::CSampleDialog dlg;
+  ASSERT_TRUE(dlg.Create(toolkit::kSampleDialogTemplate, nullptr));
   ShowWindow(dlg.GetSafeHwnd(), SW_SHOW);
   auto picture = RenderWindow(dlg.GetSafeHwnd());
   ASSERT_NE(picture, nullptr);

@@ -10,48 +10,14 @@
 #include "platform/ui/dialog.h"
 #include "platform/ui/headless.h"
 #include "platform/ui/message_loop.h"
-#include "toolkit/dialogs/resizable_dialog.h"
-#include "toolkit/dialogs/subclass_controls.h"
+#include "toolkit/dialogs/sample_dialog.h"
 
 namespace qmkscan {
 namespace {
 
 using namespace qmk::platform::ui;
 
-constexpr int kSampleDialog = 9000;
-
-void AddItems(HWND dlg, int id, unsigned msg, std::initializer_list<const char*> items) {
-  for (const char* item : items)
-    SendDlgItemMessage(dlg, id, msg, 0, reinterpret_cast<LPARAM>(item));
-}
-
-void Fill(HWND dlg) {
-  SetDlgItemText(dlg, 1001, "Ada Lovelace");
-  AddItems(dlg, 1002, CB_ADDSTRING, {"Red", "Green", "Blue"});
-  SendDlgItemMessage(dlg, 1002, CB_SETCURSEL, 1, 0);
-  SendDlgItemMessage(dlg, 1004, UDM_SETRANGE32, 0, 99);
-  SendDlgItemMessage(dlg, 1004, UDM_SETPOS32, 0, 3);
-  CheckRadioButton(dlg, 1005, 1007, 1006);
-  CheckDlgButton(dlg, 1008, BST_CHECKED);
-  CheckDlgButton(dlg, 1009, BST_INDETERMINATE);
-  AddItems(dlg, 1010, LB_ADDSTRING, {"First sheet", "Second sheet", "Third sheet", "Fourth sheet"});
-  SendDlgItemMessage(dlg, 1010, LB_SETCURSEL, 1, 0);
-  AddItems(dlg, 1013, CB_ADDSTRING, {"Daily", "Weekly", "Monthly"});
-  SetDlgItemText(dlg, 1013, "Weekly");
-  for (const char* page : {"General", "Paper", "Output"}) {
-    controls::TCITEM item;
-    item.mask = controls::TCIF_TEXT;
-    std::string text = page;
-    item.pszText = text.data();
-    const auto count = SendDlgItemMessage(dlg, 1014, TCM_GETITEMCOUNT, 0, 0);
-    SendDlgItemMessage(dlg, 1014, TCM_INSERTITEM, static_cast<WPARAM>(count),
-                       reinterpret_cast<LPARAM>(&item));
-  }
-  SendDlgItemMessage(dlg, 1015, PBM_SETRANGE32, 0, 100);
-  SendDlgItemMessage(dlg, 1015, PBM_SETPOS, 60, 0);
-  SendDlgItemMessage(dlg, 1016, SBM_SETRANGE, 0, 100);
-  SendDlgItemMessage(dlg, 1016, SBM_SETPOS, 30, 1);
-}
+constexpr int kSampleDialog = qmk::toolkit::kSampleDialogTemplate;
 
 void PrintValues(HWND dlg) {
   char colour[64] = {};
@@ -68,20 +34,12 @@ void PrintValues(HWND dlg) {
               static_cast<long>(SendDlgItemMessage(dlg, 1010, LB_GETCURSEL, 0, 0)));
 }
 
-// The sample dialog on the toolkit's dialog base, so that it wears the current theme.
-class SampleDialog : public qmk::toolkit::CExtResizableDialog {
- public:
-  SampleDialog() : CExtResizableDialog(kSampleDialog) {}
-
+// The toolkit's sample dialog, which prints what the person entered when OK is pressed.
+class SampleDialog : public qmk::toolkit::CSampleDialog {
  protected:
-  bool OnInitDialog() override {
-    qmk::toolkit::SubclassChildControls(m_hWnd);
-    Fill(m_hWnd);
-    return CExtResizableDialog::OnInitDialog();
-  }
   void OnOK() override {
     PrintValues(m_hWnd);
-    CExtResizableDialog::OnOK();
+    CSampleDialog::OnOK();
   }
 };
 

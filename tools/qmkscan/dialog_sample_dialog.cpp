@@ -5,11 +5,34 @@
 #include "dialog_samples.h"
 #include "frame/corvid_dialog.h"
 #include "platform/ui/messages.h"
+#include "platform/ui/window.h"
+#include "toolkit/dialogs/sample_dialog.h"
 
 namespace qmkscan {
 namespace {
 
-constexpr int kSampleTemplate = 9000;
+constexpr int kSampleTemplate = qmk::toolkit::kSampleDialogTemplate;
+
+// The library's dialog base themes what its walk knows; the list and the tab strip, which the
+// walk leaves plain, are bound to themed members first, and the controls get the sample values.
+class SampleCorvidDialog : public qmk::frame::CCorvidDialog {
+ public:
+  SampleCorvidDialog() : CCorvidDialog(kSampleTemplate) {}
+
+ protected:
+  bool OnInitDialog() override {
+    namespace ui = qmk::platform::ui;
+    list_.SubclassWindow(ui::GetDlgItem(m_hWnd, qmk::toolkit::kSampleListId));
+    tabs_.SubclassWindow(ui::GetDlgItem(m_hWnd, qmk::toolkit::kSampleTabsId));
+    const bool result = CCorvidDialog::OnInitDialog();
+    qmk::toolkit::FillSampleDialog(m_hWnd);
+    return result;
+  }
+
+ private:
+  qmk::toolkit::ThemedListBox list_;
+  qmk::toolkit::ThemedTabStrip tabs_;
+};
 
 class SampleSample : public DialogSample {
  public:
@@ -20,7 +43,7 @@ class SampleSample : public DialogSample {
   }
 
  private:
-  qmk::frame::CCorvidDialog dialog_{kSampleTemplate};
+  SampleCorvidDialog dialog_;
 };
 
 }  // namespace

@@ -3,29 +3,16 @@
 
 #include "platform/ui/controls/combo_box_control.h"
 #include "platform/ui/window.h"
+#include "toolkit/dialogs/themed_list_rows.h"
 #include "toolkit/theme/draw_primitives.h"
-#include "platform/draw/text.h"
 #include "toolkit/theme/paint_manager.h"
 #include "toolkit/theme/paint_manager_holder.h"
-#include "toolkit/theme/system_colors.h"
 
 namespace qmk::toolkit {
 namespace {
 
 namespace ui = platform::ui;
 using ui::controls::ComboBoxControl;
-
-struct ListColors {
-  uint32_t field, border, text, selection, selection_text;
-};
-
-ListColors ColorsOf(theme::CExtPaintManager& pm) {
-  if (const theme::WidgetLook* l = pm.GetWidgetLook())
-    return {pm.GetColor(l->field), pm.GetColor(l->field_border), pm.GetColor(l->text), pm.GetColor(l->selection),
-            pm.GetColor(l->selection_text)};
-  return {pm.GetColor(theme::COLOR_WINDOW), pm.GetColor(theme::COLOR_WINDOWTEXT), pm.GetColor(theme::COLOR_WINDOWTEXT),
-          pm.GetColor(theme::COLOR_HIGHLIGHT), pm.GetColor(theme::COLOR_HIGHLIGHTTEXT)};
-}
 
 }  // namespace
 
@@ -45,7 +32,7 @@ void ComboDropList::PaintControl(platform::DrawTarget& target, const platform::D
   auto* combo = ui::controls::ControlOf<ComboBoxControl>(m_hWndCombo);
   if (!combo) return;
   auto& pm = *theme::g_PaintManager().GetPM();
-  const ListColors c = ColorsOf(pm);
+  const ListColors c = ListColorsOf(pm);
   theme::draw::Fill(target, rc, c.field);
   theme::draw::Frame(target, rc, c.border);
   const auto& list = combo->model().list();
@@ -53,10 +40,7 @@ void ComboDropList::PaintControl(platform::DrawTarget& target, const platform::D
   for (int i = list.top_index(); i < list.Count(); ++i) {
     const platform::DrawRect row = combo->pane().ItemRect(i);
     if (row.IsEmpty() || row.top >= rc.bottom) break;
-    if (i == selected) theme::draw::Fill(target, row, c.selection);
-    // Items are plain text: an "&" in one is shown, not taken as a mnemonic.
-    platform::DrawText(target, theme::draw::Deflate(row, 3, 0), list.Text(i), pm.Font(),
-                       i == selected ? c.selection_text : c.text);
+    PaintListRow(pm, target, row, list.Text(i), i == selected, c);
   }
 }
 

@@ -20,24 +20,15 @@ void CExtEdit::SetTooltipText(const std::string& text, bool activate) {
 }
 
 ThemedControl::LRESULT CExtEdit::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) {
+  LRESULT result = 0;
+  if (HandleFieldFrame(msg, wp, lp, &result)) return result;
   switch (msg) {
-    case ui::WM_NCPAINT: {
-      ui::Dc* dc = ui::GetWindowDC(m_hWnd);
-      PaintFrame(dc);
-      if (dc) ui::ReleaseDC(m_hWnd, dc);
-      return 0;
-    }
-    case ui::WM_PRINT: {
-      const LRESULT r = Default(msg, wp, lp);
-      if (static_cast<unsigned>(lp) & ui::PRF_NONCLIENT) PaintFrame(ui::DcFromWParam(wp));
-      return r;
-    }
     case ui::WM_SETFOCUS:
     case ui::WM_KILLFOCUS:
     case ui::WM_ENABLE:
     case ui::EM_SETREADONLY: {
       const LRESULT r = ThemedControl::WindowProc(msg, wp, lp);
-      RedrawFrame();
+      RedrawFieldFrame();
       return r;
     }
     default:
@@ -45,21 +36,6 @@ ThemedControl::LRESULT CExtEdit::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) 
   }
 }
 
-void CExtEdit::OnHoverChanged() { RedrawFrame(); }
-
-void CExtEdit::PaintFrame(ui::Dc* dc) const {
-  const unsigned state = BaseState();
-  PaintFrameWith(dc, [state](platform::DrawTarget& t, const platform::DrawRect& r) {
-    theme::g_PaintManager()->PaintEdit(t, r, "", state);
-  });
-}
-
-void CExtEdit::RedrawFrame() const {
-  if (!ui::IsWindowVisible(m_hWnd)) return;
-  ui::Dc* dc = ui::GetWindowDC(m_hWnd);
-  if (!dc) return;
-  PaintFrame(dc);
-  ui::ReleaseDC(m_hWnd, dc);
-}
+void CExtEdit::OnHoverChanged() { RedrawFieldFrame(); }
 
 }  // namespace qmk::toolkit

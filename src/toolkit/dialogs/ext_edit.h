@@ -26,10 +26,6 @@ class CExtEdit : public ThemedControl {
   bool PaintsClient() const override { return false; }
   void OnHoverChanged() override;
   std::string HoverTip() const override { return m_bToolTipActive ? m_strToolTipText : std::string(); }
-
- private:
-  void PaintFrame(platform::ui::Dc* dc) const;
-  void RedrawFrame() const;
 };
 
 }  // namespace qmk::toolkit

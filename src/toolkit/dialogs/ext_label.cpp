@@ -32,23 +32,6 @@ bool IsFrameKind(uint32_t style) {
          kind == ui::SS_ETCHEDFRAME || kind == ui::controls::SS_ETCHEDHORZ || kind == ui::controls::SS_ETCHEDVERT;
 }
 
-// The label's own font, the window system's control font when it was given none: dialogs are
-// laid out, and message boxes measure their text, in it.
-ui::HFONT WindowFont(ui::HWND hwnd) {
-  const auto font = reinterpret_cast<ui::HFONT>(ui::SendMessage(hwnd, ui::WM_GETFONT, 0, 0));
-  return font ? font : ui::GetStockGuiFont();
-}
-
-platform::FontSpec FontOf(ui::HFONT font, const platform::FontSpec& fallback) {
-  ui::LOGFONT lf;
-  if (!font || !ui::GetObject(font, &lf) || lf.height <= 0) return fallback;
-  platform::FontSpec spec;
-  spec.face = lf.face;
-  spec.pixels = lf.height;
-  spec.bold = lf.weight >= 700;
-  return spec;
-}
-
 // One line in the theme's label colours; disabled text is embossed in the classic look.
 void DrawLine(theme::CExtPaintManager& pm, platform::DrawTarget& target, const platform::DrawRect& row,
               const std::string& line, const platform::FontSpec& font, bool enabled, uint32_t custom) {
@@ -67,42 +50,7 @@ void DrawLine(theme::CExtPaintManager& pm, platform::DrawTarget& target, const p
   platform::DrawText(target, row, line, font, colour, options);
 }
 
-std::string EscapeMnemonics(const std::string& text) {
-  std::string out;
-  for (char c : text) {
-    out += c;
-    if (c == '&') out += '&';
-  }
-  return out;
-}
-
 }  // namespace
-
-std::vector<std::string> WrapLabelText(const std::string& text, const TextWidth& measure, int width, bool wrap) {
-  std::vector<std::string> lines;
-  size_t start = 0;
-  while (start <= text.size()) {
-    size_t end = text.find('\n', start);
-    if (end == std::string::npos) end = text.size();
-    std::string para = text.substr(start, end - start);
-    if (!para.empty() && para.back() == '\r') para.pop_back();
-    while (wrap && measure(para) > width) {
-      // The longest head that fits and ends before a space.
-      size_t cut = std::string::npos;
-      for (size_t sp = para.find(' '); sp != std::string::npos; sp = para.find(' ', sp + 1)) {
-        if (measure(para.substr(0, sp)) > width) break;
-        cut = sp;
-      }
-      if (cut == std::string::npos) cut = para.find(' ');
-      if (cut == std::string::npos) break;
-      lines.push_back(para.substr(0, cut));
-      para = para.substr(cut + 1);
-    }
-    lines.push_back(para);
-    start = end + 1;
-  }
-  return lines;
-}
 
 void CExtLabel::OnSubclassed() { SyncNotifyStyle(); }
 
@@ -191,30 +139,19 @@ void CExtLabel::PaintBitmap(platform::DrawTarget& target, const platform::DrawRe
 
 void CExtLabel::PaintText(platform::DrawTarget& target, const platform::DrawRect& box) {
   auto& pm = *theme::g_PaintManager().GetPM();
-  const uint32_t style = Style();
+  const uint32_t kind = Style() & ui::SS_TYPEMASK;
   const bool enabled = ui::IsWindowEnabled(m_hWnd);
-  std::string text = Text();
-  if (style & ui::SS_NOPREFIX) text = EscapeMnemonics(text);
-  const uint32_t kind = style & ui::SS_TYPEMASK;
-  const bool wrap = kind == ui::SS_LEFT || kind == ui::SS_CENTER || kind == ui::SS_RIGHT;
-  const ui::HFONT hfont = WindowFont(m_hWnd);
-  const platform::FontSpec font = FontOf(hfont, pm.Font());
-  const int line_height = platform::MeasureText("Ag", font).height;
-  // Lines break where the dialog's own measure says, so that a text laid out by it fits.
-  const TextWidth measure = [&](const std::string& line) {
-    const std::string shown = platform::StripMnemonics(line).text;
-    return hfont ? ui::GetTextExtent(hfont, shown).cx : platform::MeasureText(shown, font).width;
-  };
+  const LabelTextLayout text = LayOutLabelText(m_hWnd, box.Width());
   const uint32_t custom = enabled ? m_clrTextNormal : m_clrTextDisabled;
   int y = box.top;
-  for (const std::string& line : WrapLabelText(text, measure, box.Width(), wrap)) {
+  for (size_t i = 0; i < text.lines.size(); ++i) {
     if (y >= box.bottom) break;
-    const int width = measure(line) + 1;
+    const int width = text.widths[i] + 1;
     int left = box.left;
     if (kind == ui::SS_CENTER) left = box.left + (box.Width() - width) / 2;
     if (kind == ui::SS_RIGHT) left = box.right - width;
-    DrawLine(pm, target, {left, y, left + width, y + line_height}, line, font, enabled, custom);
-    y += line_height;
+    DrawLine(pm, target, {left, y, left + width, y + text.line_height}, text.lines[i], text.font, enabled, custom);
+    y += text.line_height;
   }
 }
 

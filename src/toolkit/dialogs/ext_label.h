@@ -8,6 +8,7 @@
 
 #include "platform/draw/text.h"
 #include "toolkit/bitmap/bitmap.h"
+#include "toolkit/dialogs/label_text.h"
 #include "toolkit/dialogs/themed_control.h"
 #include "toolkit/dialogs/tool_tip.h"
 
@@ -54,12 +55,5 @@ class CExtLabel : public ThemedControl {
   void PaintBitmap(platform::DrawTarget& target, const platform::DrawRect& box);
   void PaintFrame(platform::DrawTarget& target, const platform::DrawRect& rc);
 };
-
-// The width of a line of text in pixels.
-using TextWidth = std::function<int(const std::string& line)>;
-
-// Breaks `text` into the lines a label of `width` pixels shows: at line breaks, and after the
-// last space that fits (a word longer than the line stands alone on its line).
-std::vector<std::string> WrapLabelText(const std::string& text, const TextWidth& measure, int width, bool wrap);
 
 }  // namespace qmk::toolkit

@@ -12,8 +12,10 @@
 #include "platform/ui/screen.h"
 #include "platform/ui/window.h"
 #include "toolkit/dialogs/dialog_profile.h"
+#include "toolkit/dialogs/label_text.h"
 #include "toolkit/dialogs/resource_manager.h"
 #include "toolkit/dialogs/resource_manager_holder.h"
+#include "toolkit/dialogs/subclass_controls.h"
 #include "toolkit/dialogs/system_menu.h"
 #include "toolkit/dialogs/themed_paint.h"
 #include "toolkit/theme/paint_manager.h"
@@ -34,15 +36,6 @@ constexpr uint32_t kBoxStyle = 0x96C800C4u, kBoxStyleSystemModal = 0x96C800C6u;
 std::string& ApplicationName() {
   static std::string name = "QmkScan";
   return name;
-}
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> out(1);
-  for (char c : text) {
-    if (c == '\n') out.emplace_back();
-    else if (c != '\r') out.back() += c;
-  }
-  return out;
 }
 
 MsgBoxHelpHandler& HelpHandler() {
@@ -112,7 +105,7 @@ void CExtMsgBox::CreateControls() {
     make("Edit", m_strText,
          ui::ES_MULTILINE | ui::ES_READONLY | ui::ES_AUTOVSCROLL | ui::WS_TABSTOP | bar, kTextId);
   } else {
-    make("Static", m_strText, ui::SS_LEFT | ui::SS_NOPREFIX, kTextId);
+    make("Static", m_strText, ui::SS_LEFT | ui::SS_NOPREFIX | kSsEditControl, kTextId);
   }
   for (const MsgBoxButton& b : m_buttons.buttons) {
     const uint32_t kind = b.id == m_nDefaultButton ? ui::BS_DEFPUSHBUTTON : ui::BS_PUSHBUTTON;
@@ -138,13 +131,13 @@ void CExtMsgBox::Layout() {
   // The text may take half the screen plus 100 pixels, less the icon and the borders.
   const int limit = std::max(px(m.min_text_width), ui::PrimaryMonitor().bounds.Width() / 2 + 100 -
                                                        icon_w - 2 * px(m.border_x));
-  int text_w = px(m.min_text_width), text_h = 0;
-  for (const std::string& line : Lines(m_strText)) {
-    const ui::Size s = ui::GetTextExtent(font, line.empty() ? " " : line);
-    const int rows = std::max(1, (s.cx + limit - 1) / limit);
-    text_w = std::max(text_w, std::min(s.cx, limit));
-    text_h += rows * s.cy;
-  }
+  // The text is measured as the label (or the edit) wraps it at the limit, so that every row
+  // it draws has its room.
+  const HWND text_wnd = ui::GetDlgItem(m_hWnd, kTextId);
+  const LabelTextLayout text = TextScrolls() ? LayOutText(font, m_strText, limit, true, true)
+                                             : LayOutLabelText(text_wnd, limit);
+  int text_w = std::max(px(m.min_text_width), text.Width() + 1);
+  int text_h = text.Height();
   text_h = std::max(text_h, has_icon ? kIconSide : 0);
   if (TextScrolls()) {
     // The edit's scroll bar takes its own width; the height stays between the minimum text
@@ -165,8 +158,7 @@ void CExtMsgBox::Layout() {
   int y = py(m.border_y);
   m_rcIcon = has_icon ? ui::Rect{px(m.border_x), y, px(m.border_x) + kIconSide, y + kIconSide}
                       : ui::Rect{};
-  ui::MoveWindow(ui::GetDlgItem(m_hWnd, kTextId), px(m.border_x) + icon_w, y, text_w, text_h,
-                 false);
+  ui::MoveWindow(text_wnd, px(m.border_x) + icon_w, y, text_w, text_h, false);
   y += text_h + py(m.gap);
   int x = (client_w - row_w) / 2;
   for (const MsgBoxButton& b : m_buttons.buttons) {
@@ -195,6 +187,9 @@ void CExtMsgBox::Layout() {
 bool CExtMsgBox::OnInitDialog() {
   ui::SetWindowText(m_hWnd, m_strCaption.c_str());
   CreateControls();
+  // Buttons, check box and text become toolkit controls before the layout measures them, so
+  // that every part of the box is drawn by the theme over the theme's background.
+  SubclassChildControls(m_hWnd);
   Layout();
   if (!(m_nStyle & kMbNoBeep)) ui::MessageBeep(m_nStyle & kMbIconMask);
   if (m_nStyle & kMbForeground) ui::SetActiveWindow(m_hWnd);

@@ -17,6 +17,7 @@
 #include "toolkit/dialogs/ext_radio_button.h"
 #include "toolkit/dialogs/ext_spin_wnd.h"
 #include "toolkit/dialogs/themed_progress.h"
+#include "toolkit/dialogs/themed_scroll_bar.h"
 
 namespace qmk::toolkit {
 namespace {
@@ -42,8 +43,6 @@ struct SubclassRule {
   ThemedControl* (*make)();
 };
 
-// The scroll bar keeps its plain look: the library's dialogs have none, and its thumb is sized
-// by the plain control, which the theme's layout doesn't follow.
 constexpr SubclassRule kRules[] = {
     {"Static", kAnyKind, &Make<CExtLabel>},
     {"Edit", kAnyKind, &Make<CExtEdit>},
@@ -54,6 +53,7 @@ constexpr SubclassRule kRules[] = {
     {"Button", Kinds({7}), &Make<CExtGroupBox>},
     {"msctls_progress32", kAnyKind, &Make<ThemedProgress>},
     {"Progress", kAnyKind, &Make<ThemedProgress>},
+    {"ScrollBar", kAnyKind, &Make<ThemedScrollBar>},
     {"msctls_updown32", kAnyKind, &Make<CExtSpinWnd>},
 };
 

@@ -91,7 +91,9 @@ ThemedControl::LRESULT ThemedControl::Default(unsigned msg, WPARAM wp, LPARAM lp
 }
 
 ThemedControl::LRESULT ThemedControl::WindowProc(unsigned msg, WPARAM wp, LPARAM lp) {
-  if (PaintsClient()) {
+  // Only paint messages ask PaintsClient, which may itself query the plain control.
+  const bool paint = msg == ui::WM_ERASEBKGND || msg == ui::WM_PAINT || msg == ui::WM_PRINTCLIENT;
+  if (paint && PaintsClient()) {
     switch (msg) {
       case ui::WM_ERASEBKGND:
         return 1;  // the paint covers the whole client area
@@ -174,6 +176,37 @@ bool ThemedControl::PaintFrameWith(ui::Dc* dc, const ThemePainter& painter) cons
   for (const ui::Rect& strip : strips)
     if (!strip.IsEmpty()) dc->DrawImage(*image, strip, strip);
   return true;
+}
+
+void ThemedControl::PaintFieldFrame(ui::Dc* dc) const {
+  const unsigned state = BaseState();
+  PaintFrameWith(dc, [state](platform::DrawTarget& t, const platform::DrawRect& r) {
+    theme::g_PaintManager()->PaintEdit(t, r, "", state);
+  });
+}
+
+void ThemedControl::RedrawFieldFrame() const {
+  if (!ui::IsWindowVisible(m_hWnd)) return;
+  ui::Dc* dc = ui::GetWindowDC(m_hWnd);
+  if (!dc) return;
+  PaintFieldFrame(dc);
+  ui::ReleaseDC(m_hWnd, dc);
+}
+
+bool ThemedControl::HandleFieldFrame(unsigned msg, WPARAM wp, LPARAM lp, LRESULT* result) {
+  if (msg == ui::WM_NCPAINT) {
+    ui::Dc* dc = ui::GetWindowDC(m_hWnd);
+    PaintFieldFrame(dc);
+    if (dc) ui::ReleaseDC(m_hWnd, dc);
+    *result = 0;
+    return true;
+  }
+  if (msg == ui::WM_PRINT) {
+    *result = Default(msg, wp, lp);
+    if (static_cast<unsigned>(lp) & ui::PRF_NONCLIENT) PaintFieldFrame(ui::DcFromWParam(wp));
+    return true;
+  }
+  return false;
 }
 
 unsigned ThemedControl::BaseState() const {

@@ -69,6 +69,12 @@ class ThemedControl : public theme::CExtPmBridge {
   // Draws the window's frame (the ring between its window and client rectangles) with
   // `painter`, which draws the whole window; `dc` has the window's origin. False without a frame.
   bool PaintFrameWith(platform::ui::Dc* dc, const ThemePainter& painter) const;
+  // The frame of a field (edit, list) drawn by the theme in the control's hot, focused or
+  // disabled state, where the plain frame would be; and the same at once on a visible window.
+  void PaintFieldFrame(platform::ui::Dc* dc) const;
+  void RedrawFieldFrame() const;
+  // WM_NCPAINT and WM_PRINT of a field whose frame the theme draws: true when `msg` was one.
+  bool HandleFieldFrame(unsigned msg, WPARAM wp, LPARAM lp, LRESULT* result);
   // Hot, disabled and focused bits of the theme's widget states.
   unsigned BaseState() const;
   uint32_t Style() const;

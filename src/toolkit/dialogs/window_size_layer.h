@@ -8,6 +8,7 @@
 #include "platform/ui/window.h"
 #include "toolkit/dialogs/dialog_profile.h"
 #include "toolkit/dialogs/size_gripper.h"
+#include "toolkit/dialogs/subclass_controls.h"
 #include "toolkit/dialogs/system_menu.h"
 #include "toolkit/dialogs/themed_paint.h"
 
@@ -155,8 +156,8 @@ class CExtWS : public Base {
     return Base::WindowProc(msg, wp, lp, handled);
   }
 
-  // Themes the child controls; the control set installs it.
-  virtual void SubclassChildren() {}
+  // Themes the child controls that have no toolkit object yet, just after the gripper is made.
+  virtual void SubclassChildren() { SubclassChildControls(this->m_hWnd); }
 
  private:
   void PaintBackground(platform::ui::Dc* dc) {
