@@ -99,11 +99,7 @@ class Dialogs : public UiTest {
  protected:
   void SetUp() override {
     UiTest::SetUp();
-    // The order form comes through the template source, as the resource manager will give it.
-    SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {
-      if (id == kOrder) return std::string(kOrderTemplate);
-      return std::nullopt;
-    });
+    ServeOrderTemplate();
   }
   intptr_t Run(Order* o) {
     return DialogBoxParam(kOrder, nullptr, OrderProc, reinterpret_cast<LPARAM>(o));

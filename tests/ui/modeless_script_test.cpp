@@ -36,10 +36,7 @@ class ModelessScripts : public UiTest {
  protected:
   void SetUp() override {
     UiTest::SetUp();
-    SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {
-      if (id == kOrder) return std::string(kOrderTemplate);
-      return std::nullopt;
-    });
+    ServeOrderTemplate();
   }
   HWND Make(Form* form) {
     return CreateDialogParam(kOrder, nullptr, FormProc, reinterpret_cast<LPARAM>(form));

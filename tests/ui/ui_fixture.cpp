@@ -402,6 +402,13 @@ LRESULT StaticProc(HWND h, unsigned msg, WPARAM wp, LPARAM lp) {
 
 }  // namespace
 
+void UiTest::ServeOrderTemplate() {
+  platform::ui::SetTemplateSource([](int id, uint16_t) -> std::optional<std::string> {
+    if (id == kOrder) return std::string(kOrderTemplate);
+    return std::nullopt;
+  });
+}
+
 const char* const kOrderTemplate = R"(# An order form made of the test controls.
 dialog 9100
 caption "Order"

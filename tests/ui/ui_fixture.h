@@ -37,6 +37,8 @@ class UiTest : public ::testing::Test {
   // Processes everything that is pending, input included.
   void Pump();
   platform::ui::HeadlessBackend* headless() { return platform::ui::CurrentHeadless(); }
+  // The order form comes through the template source, as the resource manager will give it.
+  static void ServeOrderTemplate();
 };
 
 // A clock that only moves when the loop waits.
